@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: 2026 The Flitmark authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <tl/expected.hpp>
+
+namespace flitmark {
+
+/// Why a file operation failed, in the system's own words ("No such file or directory").
+struct FileError
+{
+    QString message;
+};
+
+/// The whole content of the file at `path`.
+tl::expected<QByteArray, FileError> readFile(const QString& path);
+
+/// Whether a replaced file has reached the disk when the call returns, or is left to the system to write out soon.
+enum class Flush { ToDisk, Later };
+
+/// Makes `bytes` the content of the file at `path`, as a whole or not at all: they are written beside it under a hidden
+/// name and renamed over it. A link is followed and stays; permissions, extended attributes and, where allowed, the
+/// owner are kept. Where the folder takes no second file the content is written in place. On failure the file is as it
+/// was and nothing else is left behind.
+tl::expected<void, FileError> replaceFile(const QString& path, const QByteArray& bytes, Flush flush = Flush::ToDisk);
+
+/// Rewrites the file at `path` in place, creating it if needed, so that whoever holds it open sees the new content.
+tl::expected<void, FileError> overwriteFile(const QString& path, const QByteArray& bytes);
+
+/// Creates the folder at `path` with all its parents; one that is there already is a success.
+tl::expected<void, FileError> createFolder(const QString& path);
+
+} // namespace flitmark

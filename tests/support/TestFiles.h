@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: 2026 The Flitmark authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QtTest/QTest>
+
+#include <unistd.h>
+
+namespace flitmark {
+
+/// Writes `bytes` to `path`, creating the folders above it; fails the test when it can't.
+inline void writeTestFile(const QString& path, const QByteArray& bytes)
+{
+    QVERIFY(QDir().mkpath(QFileInfo(path).path()));
+    QFile file(path);
+    QVERIFY2(file.open(QIODevice::WriteOnly), qPrintable(path));
+    QCOMPARE(file.write(bytes), bytes.size());
+}
+
+/// The content of the file at `path`; empty when there is none.
+inline QByteArray readTestFile(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// True for a superuser, whom no permission stops: tests of refused writes are skipped then.
+inline bool isSuperuser()
+{
+    return ::geteuid() == 0;
+}
+
+} // namespace flitmark
