@@ -114,8 +114,9 @@ Channels moved(const Channels& color, Direction direction, Predicate isGood)
 {
     // Hue and saturation come from the colour as it was: near the ends of the scale they could not be told any more.
     Hsl hsl = hslOf(color);
+    const double end = direction == Direction::Lighter ? 1 : 0;
     Channels result = color;
-    while (!isGood(rounded(result)) && hsl.lightness > 0 && hsl.lightness < 1) {
+    while (!isGood(rounded(result)) && std::abs(hsl.lightness - end) > 0) {
         hsl.lightness = std::clamp(hsl.lightness + (direction == Direction::Lighter ? 0.01 : -0.01), 0.0, 1.0);
         result = channelsOf(hsl);
     }
