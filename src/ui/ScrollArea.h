@@ -7,6 +7,8 @@
 
 namespace flitmark {
 
+class ThinScrollBar;
+
 /// Scrolls its widget up and down, which it makes as wide as itself. A thin bar lies over the content's right edge
 /// while there is more than fits. What gets the focus by keyboard is scrolled into view.
 class ScrollArea final : public QScrollArea
@@ -23,12 +25,9 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    class Bar;
-
-    void placeBar();
     void revealFocus(const QWidget* focused);
 
-    Bar* m_bar;
+    ThinScrollBar* m_bar;
 };
 
 } // namespace flitmark
