@@ -27,12 +27,10 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-    void changeEvent(QEvent* event) override;
     bool event(QEvent* event) override;
 
 private:
-    void applyFont();
-    void applyColors();
+    void applyLook();
 
     ControlState& m_state;
 };

@@ -5,18 +5,23 @@
 // the eyes of developers: run it after a change to the toolkit and look at the pictures.
 
 #include <ui/Button.h>
+#include <ui/CheckBox.h>
 #include <ui/ChipButton.h>
 #include <ui/ControlState.h>
 #include <ui/IconButton.h>
 #include <ui/Label.h>
+#include <ui/ListRow.h>
 #include <ui/Painting.h>
+#include <ui/ScrollArea.h>
 #include <ui/SegmentedTabs.h>
+#include <ui/Surfaces.h>
+#include <ui/Symbols.h>
+#include <ui/TextField.h>
 #include <ui/ThemeScope.h>
 
 #include <QApplication>
 #include <QDir>
 #include <QGridLayout>
-#include <QPaintEvent>
 
 #include <cstdio>
 #include <functional>
@@ -27,19 +32,6 @@ namespace {
 
 using Appearance = ControlState::Appearance;
 using Maker = std::function<QWidget*()>;
-
-/// A window's ground.
-class Frame final : public QWidget
-{
-public:
-    using QWidget::QWidget;
-
-protected:
-    void paintEvent(QPaintEvent* event) override
-    {
-        QPainter(this).fillRect(event->rect(), ThemeScope::of(*this).background);
-    }
-};
 
 void fixState(QWidget& widget, Appearance appearance, bool isEnabled)
 {
@@ -110,6 +102,71 @@ void addButtons(QGridLayout& grid)
     addStates(grid, QStringLiteral("Quick tag, on"), [] { return makeChip(true); });
 }
 
+ListRow* makeRow(bool isSelected)
+{
+    RowContent content;
+    content.symbol = QStringLiteral("folder.fill");
+    content.title = QStringLiteral("Inbox");
+    content.isSelected = isSelected;
+    auto* row = new ListRow(content);
+    row->setFixedWidth(isSelected ? 116 : 92);
+    return row;
+}
+
+void addInputs(QGridLayout& grid)
+{
+    addStates(grid, QStringLiteral("Row"), [] { return makeRow(false); });
+    addStates(grid, QStringLiteral("Row, selected"), [] { return makeRow(true); });
+    addStates(grid, QStringLiteral("Field"), [] {
+        auto* field = new TextField(QStringLiteral("Subfolder"));
+        field->setText(QStringLiteral("Inbox"));
+        field->setFixedWidth(92);
+        return field;
+    });
+    addStates(grid, QStringLiteral("Field, empty"), [] {
+        auto* field = new TextField(QStringLiteral("Subfolder"));
+        field->setPlaceholderText(QStringLiteral("Inbox"));
+        field->setFixedWidth(92);
+        return field;
+    });
+    addStates(grid, QStringLiteral("Check box"), [] { return new CheckBox(QStringLiteral("Use it")); });
+    addStates(grid, QStringLiteral("Check box, on"), [] {
+        auto* box = new CheckBox(QStringLiteral("Use it"));
+        box->setChecked(true);
+        return box;
+    });
+}
+
+Label* makeStatus(const char* text, ColorToken color)
+{
+    auto* label = new Label(QLatin1String(text), TextRole::Strong);
+    label->setColor(color);
+    return label;
+}
+
+QWidget* makeScrollArea()
+{
+    auto* area = new ScrollArea;
+    auto* list = new QWidget;
+    auto* column = new QVBoxLayout(list);
+    column->setContentsMargins(0, 0, 16, 0);
+    column->setSpacing(4);
+    for (int i = 0; i < 8; ++i) {
+        RowContent content;
+        content.symbol = QStringLiteral("folder.fill");
+        content.title = QStringLiteral("A vault with a rather long name, number %1 of eight in all").arg(i);
+        content.second = QStringLiteral("/home/mara/Documents/A very long folder name/Notes/Inbox/Archive %1").arg(i);
+        content.secondElideMode = Qt::ElideMiddle;
+        content.ground = RowGround::Card;
+        content.height = 52;
+        content.isSelected = i == 1;
+        column->addWidget(new ListRow(content));
+    }
+    area->setWidget(list);
+    area->setFixedSize(300, 160);
+    return area;
+}
+
 QWidget* makeTabs()
 {
     auto* tabs = new SegmentedTabs;
@@ -146,13 +203,25 @@ QWidget* makeTexts()
     struck->setStruck(true);
     struck->setColor(&Theme::text2);
     column->addWidget(struck);
-    texts->setFixedWidth(300);
     return texts;
+}
+
+QWidget* makeSymbols()
+{
+    auto* card = new Card;
+    auto* grid = new QGridLayout(card);
+    grid->setSpacing(8);
+    int index = 0;
+    for (const QString& name : Symbols::names()) {
+        grid->addWidget(new SymbolView(name, 20, &Theme::mark), index / 9, index % 9);
+        ++index;
+    }
+    return card;
 }
 
 std::unique_ptr<QWidget> makeComponents()
 {
-    auto frame = std::make_unique<Frame>();
+    auto frame = std::make_unique<Ground>();
     auto* column = new QVBoxLayout(frame.get());
     column->setContentsMargins(20, 16, 20, 16);
     column->setSpacing(12);
@@ -164,8 +233,15 @@ std::unique_ptr<QWidget> makeComponents()
         grid->addWidget(new Label(QLatin1String(name), TextRole::Overline), 0, head++);
     }
     addButtons(*grid);
+    addInputs(*grid);
     column->addLayout(grid);
     column->addWidget(inRow({makeTabs()}));
+    column->addWidget(
+        inRow({new Badge(QStringLiteral("Default"), Badge::Kind::Accent), new Badge(QStringLiteral("Optional")),
+               new Dots(4), makeStatus("Nothing to save", &Theme::info), makeStatus("Saved", &Theme::success),
+               makeStatus("Error saving", &Theme::red)}));
+    column->addWidget(new Divider);
+    column->addWidget(inRow({makeScrollArea(), makeSymbols()}));
     column->addWidget(makeTexts());
     return frame;
 }
