@@ -88,6 +88,7 @@ Q_SIGNALS:
 
 private:
     void setSelectedQuickTags(const QSet<QUuid>& ids);
+    QSet<QUuid> defaultTagIds() const;
     QString composedContent() const;
 
     ConfigManager& m_configManager;

@@ -52,9 +52,11 @@ void ConfigManager::load()
             .and_then([this](const QJsonObject& object) { return AppConfig::fromJson(object, m_directories); });
     if (!loaded) {
         printLine(QStringLiteral("Failed to load config: ") + loaded.error());
+        m_isFileUnreadable = true;
         setConfig(AppConfig::makeDefault(m_directories));
         return;
     }
+    m_isFileUnreadable = false;
     // Exactly the size older versions gave every panel: their users never chose it.
     const bool hasOldPanelSize = loaded->panelWidth == 380 && loaded->panelHeight == 480;
     if (hasOldPanelSize) {
@@ -69,6 +71,10 @@ void ConfigManager::load()
 
 void ConfigManager::save()
 {
+    // Settings lost to a slip of the hand in the file can be got back from the copy.
+    if (std::exchange(m_isFileUnreadable, false)) {
+        keepUnreadable(m_configURL);
+    }
     if (const auto written = replaceFile(m_configURL, encodeJson(m_config.toJson())); !written) {
         printLine(QStringLiteral("Failed to save config: ") + written.error().message);
     }
@@ -76,7 +82,8 @@ void ConfigManager::save()
 
 QString ConfigManager::getSaveDirectory(const QString& noteType) const
 {
-    if (!QDir::isAbsolutePath(m_config.vaultPath)) {
+    // Not QDir::isAbsolutePath, which takes the names of built-in resources (":/Vault") for absolute.
+    if (!m_config.vaultPath.startsWith(u'/')) {
         return {};
     }
     const QString inbox = QStringLiteral("Inbox");

@@ -42,7 +42,8 @@ public:
     /// Replaces the configuration by what the file holds; writes the file when there is none. A file that can't be read
     /// or makes no sense prints a line, yields the defaults and stays as it is.
     void load();
-    /// Writes the configuration to its file. A failure prints a line and changes nothing in memory.
+    /// Writes the configuration to its file. One that could not be loaded is kept beside it, as
+    /// `config.json.unreadable`. A failure prints a line and changes nothing in memory.
     void save();
 
     /// The absolute path of the configuration file.
@@ -60,6 +61,8 @@ private:
     Directories m_directories;
     QString m_configURL;
     AppConfig m_config;
+    /// Whether the file holds something that could not be loaded.
+    bool m_isFileUnreadable = false;
 };
 
 } // namespace flitmark
