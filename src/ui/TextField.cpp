@@ -29,6 +29,15 @@ TextField::TextField(const QString& name, QWidget* parent)
     applyLook();
 }
 
+void TextField::setForIcon()
+{
+    m_isForIcon = true;
+    setAlignment(Qt::AlignHCenter | Qt::AlignVCenter);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    setPadding(4);
+    applyLook();
+}
+
 void TextField::setPadding(int points)
 {
     const int margin = std::max(0, points - ownMargin);
@@ -37,7 +46,7 @@ void TextField::setPadding(int points)
 
 QSize TextField::sizeHint() const
 {
-    return {scaled(160), controlHeight()};
+    return {m_isForIcon ? scaled(40) : scaled(160), controlHeight()};
 }
 
 QSize TextField::minimumSizeHint() const
@@ -47,7 +56,11 @@ QSize TextField::minimumSizeHint() const
 
 void TextField::applyLook()
 {
-    setFont(fontOf(TextRole::Body));
+    QFont font = fontOf(TextRole::Body);
+    if (m_isForIcon) {
+        font.setPixelSize(scaled(17));
+    }
+    setFont(font);
     const Theme& theme = ThemeScope::of(*this);
     QPalette colors = palette();
     // The ground is painted here, below what QLineEdit paints.

@@ -19,8 +19,8 @@ public:
     explicit TextField(const QString& name, QWidget* parent = nullptr);
     Q_DISABLE_COPY_MOVE(TextField)
 
-    /// The room left and right of the text; 12 unless set. A field for one emoji takes 0 and is centred.
-    void setPadding(int points);
+    /// Makes it a narrow field for one emoji, which stands in the middle and is drawn larger.
+    void setForIcon();
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -31,8 +31,10 @@ protected:
 
 private:
     void applyLook();
+    void setPadding(int points);
 
     ControlState& m_state;
+    bool m_isForIcon = false;
 };
 
 } // namespace flitmark

@@ -4,6 +4,11 @@
 // Draws every component in every state, in every theme, at scale 1 and 2, into the folder given as its argument. For
 // the eyes of developers: run it after a change to the toolkit and look at the pictures.
 
+#include <config/ConfigManager.h>
+#include <platform/Dialogs.h>
+#include <setup/SetupWizardModel.h>
+#include <setup/SetupWizardView.h>
+#include <support/TestFiles.h>
 #include <ui/Button.h>
 #include <ui/CheckBox.h>
 #include <ui/ChipButton.h>
@@ -257,6 +262,105 @@ bool save(QWidget& widget, const QString& path, double scale)
     return image.save(path);
 }
 
+class NoDialogs final : public Dialogs
+{
+public:
+    void chooseFolder(QWidget&, const QString&, FolderChosen) override {}
+};
+
+/// The wizard on a machine of its own with `vaults` vaults.
+class WizardStage final
+{
+public:
+    explicit WizardStage(int vaults)
+    {
+        QStringList entries;
+        for (int i = 0; i < vaults; ++i) {
+            const char* names[] = {"Notes", "Work", "Garden"};
+            const QString name =
+                i < 3 ? QLatin1String(names[i]) : QStringLiteral("Archive of the year %1").arg(2000 + i);
+            const QString folder = i == 3 ? QStringLiteral("A very long folder name that goes on and on/and on")
+                                          : QStringLiteral("Documents");
+            entries.append(QStringLiteral("\"%1\":{\"path\":\"/home/mara/%2/%3\"}").arg(i).arg(folder, name));
+        }
+        writeTestFile(m_home.filePath(QStringLiteral("config/obsidian/obsidian.json")),
+                      QStringLiteral("{\"vaults\":{%1}}").arg(entries.join(u',')).toUtf8());
+        Directories directories;
+        directories.home = m_home.path();
+        directories.applicationSupport = m_home.filePath(QStringLiteral("support"));
+        directories.configHome = m_home.filePath(QStringLiteral("config"));
+        m_config = std::make_unique<ConfigManager>(directories);
+        m_model = std::make_unique<SetupWizardModel>(*m_config, directories);
+        m_view = std::make_unique<SetupWizardView>(*m_model, m_dialogs, ColorPalette::obsidianNative);
+        m_view->setLocalHotkeyLine(QStringLiteral("On this computer: ⌥N is Alt+N."));
+        m_view->show();
+    }
+
+    SetupWizardModel& model() { return *m_model; }
+    SetupWizardView& view() { return *m_view; }
+
+private:
+    QTemporaryDir m_home;
+    NoDialogs m_dialogs;
+    std::unique_ptr<ConfigManager> m_config;
+    std::unique_ptr<SetupWizardModel> m_model;
+    std::unique_ptr<SetupWizardView> m_view;
+};
+
+bool saveWizard(const QDir& folder, const QString& kind)
+{
+    bool isComplete = true;
+    const auto take = [&](WizardStage& stage, const QString& name) {
+        QCoreApplication::processEvents();
+        for (const int scale : {1, 2}) {
+            const QString file = QStringLiteral("wizard-%1-%2@%3.png").arg(name, kind).arg(scale);
+            isComplete = save(stage.view(), folder.filePath(file), scale) && isComplete;
+        }
+    };
+    WizardStage stage(3);
+    take(stage, QStringLiteral("0"));
+    stage.model().forward();
+    take(stage, QStringLiteral("1"));
+    stage.model().setUseCustomPath(true);
+    take(stage, QStringLiteral("1-custom"));
+    stage.model().setCustomVaultPath(QStringLiteral("/home/mara/Nowhere"));
+    take(stage, QStringLiteral("1-problem"));
+    stage.model().setUseCustomPath(false);
+    stage.model().forward();
+    stage.model().toggleDefault(stage.model().quickTags()[2].id);
+    take(stage, QStringLiteral("2"));
+    stage.model().forward();
+    take(stage, QStringLiteral("3"));
+
+    WizardStage crowded(12);
+    crowded.model().forward();
+    crowded.model().selectVault(crowded.model().detectedVaults()[1].path);
+    take(crowded, QStringLiteral("1-many"));
+    WizardStage alone(0);
+    alone.model().forward();
+    take(alone, QStringLiteral("1-none"));
+    return isComplete;
+}
+
+/// The wizard in both schemes, and with texts half as large again.
+bool saveWizards(const QDir& folder)
+{
+    const QFont font = QApplication::font();
+    QFont large = font;
+    large.setPointSizeF(16.5);
+    const QPalette light(Qt::white, Qt::white);
+    QPalette dark(QColor(40, 40, 42), QColor(40, 40, 42));
+    bool isComplete = true;
+    for (const auto& [scheme, palette] : {std::pair{QStringLiteral("light"), light}, {QStringLiteral("dark"), dark}}) {
+        QApplication::setPalette(palette);
+        QApplication::setFont(font);
+        isComplete = saveWizard(folder, scheme) && isComplete;
+        QApplication::setFont(large);
+        isComplete = saveWizard(folder, scheme + QStringLiteral("-large")) && isComplete;
+    }
+    return isComplete;
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -286,5 +390,6 @@ int main(int argc, char** argv)
             isComplete = save(*components, folder.filePath(file), scale) && isComplete;
         }
     }
+    isComplete = saveWizards(folder) && isComplete;
     return isComplete ? 0 : 1;
 }
