@@ -36,6 +36,12 @@ ScrollArea::ScrollArea(QWidget* parent)
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { revealFocus(now); });
 }
 
+void ScrollArea::setWidget(QWidget* content)
+{
+    QScrollArea::setWidget(content);
+    content->setAutoFillBackground(false);
+}
+
 QSize ScrollArea::sizeHint() const
 {
     return widget() != nullptr ? widget()->sizeHint() : QScrollArea::sizeHint();

@@ -19,6 +19,9 @@ public:
     explicit ScrollArea(QWidget* parent = nullptr);
     Q_DISABLE_COPY_MOVE(ScrollArea)
 
+    /// Takes `content` over. Unlike a plain scroll area it leaves the content without a ground of its own.
+    void setWidget(QWidget* content);
+
     QSize sizeHint() const override;
 
 protected:
