@@ -8,6 +8,7 @@ import shutil
 import unittest
 from pathlib import Path
 
+from .bystander import Bystander
 from .desktop import Desktop
 from .home import Home
 from .program import Program
@@ -54,6 +55,48 @@ class DesktopCase(unittest.TestCase):
         self.screen.window("Flitmark Button")
         program.find("Flitmark Button")
         return program
+
+    def start_bystander(self):
+        """Opens another program's window, which has the keyboard from then on."""
+        bystander = Bystander(self.desktop)
+        self.addCleanup(bystander.stop)
+        return bystander
+
+    def button(self):
+        return self.screen.window("Flitmark Button")
+
+    def click_button(self):
+        self.screen.click(*self.button().geometry.centre)
+
+    def open_panel(self):
+        """Opens the panel by its button and waits until one can type. Gives its window."""
+        self.click_button()
+        panel = self.screen.window("Flitmark")
+        self.wait_for_focus("Note")
+        return panel
+
+    def panel_is_open(self):
+        return bool(self.screen.windows("Flitmark"))
+
+    def wait_until_panel_closed(self):
+        wait_until(lambda: not self.panel_is_open(), "the panel to close")
+
+    def wait_for_focus(self, name):
+        """Waits until the control of this name has the keyboard."""
+        wait_until(lambda: (control := self.program.focused()) and control.name == name,
+                   lambda: f'"{name}" to have the keyboard, which {self.program.focused()} has')
+
+    def editor(self):
+        return self.program.find("Note", window="Flitmark")
+
+    def wait_for_text(self, text):
+        """Waits until the note editor holds exactly this text."""
+        editor = self.editor()
+        wait_until(lambda: editor.text == text, lambda: f"{text!r} in the editor, which holds {editor.text!r}")
+
+    def wait_for_draft(self, text):
+        wait_until(lambda: self.home.draft().get("content", "") == text,
+                   lambda: f"{text!r} in the draft, which is {self.home.draft()}")
 
     def check_output(self):
         """Fails when the program ended by itself or complained about its own working."""
