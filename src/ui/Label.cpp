@@ -1,0 +1,214 @@
+// SPDX-FileCopyrightText: 2026 The Flitmark authors
+// SPDX-License-Identifier: MIT
+
+#include <ui/Label.h>
+#include <ui/Painting.h>
+#include <ui/ThemeScope.h>
+
+#include <QFontMetricsF>
+#include <QHelpEvent>
+#include <QTextLayout>
+#include <QToolTip>
+
+#include <algorithm>
+#include <cmath>
+
+namespace flitmark {
+
+namespace {
+
+/// Wide enough for any text on one line.
+constexpr double unlimited = 1 << 20;
+
+} // namespace
+
+/// The text cut into lines for one width.
+struct Label::Layout
+{
+    QString source;
+    double width = 0;
+    QFont font;
+    bool wraps = false;
+    QTextLayout lines;
+    double naturalWidth = 0;
+
+    int lineCount() const { return std::max(1, lines.lineCount()); }
+};
+
+Label::Label(const QString& text, TextRole role, QWidget* parent)
+    : QLabel(parent)
+    , m_role(role)
+{
+    setTextFormat(Qt::PlainText);
+    setRole(role);
+    setText(text);
+}
+
+Label::~Label() = default;
+
+void Label::setRole(TextRole role)
+{
+    m_role = role;
+    if (role == TextRole::Caption || role == TextRole::Overline) {
+        m_color = &Theme::text2;
+    }
+    updateGeometry();
+    update();
+}
+
+void Label::setColor(ColorToken color)
+{
+    m_color = color;
+    update();
+}
+
+void Label::setElideMode(Qt::TextElideMode mode)
+{
+    m_elideMode = mode;
+    updateGeometry();
+    update();
+}
+
+void Label::setStruck(bool isStruck)
+{
+    m_isStruck = isStruck;
+    update();
+}
+
+void Label::setOpacity(double opacity)
+{
+    m_opacity = opacity;
+    update();
+}
+
+QFont Label::roleFont() const
+{
+    QFont font = fontOf(m_role);
+    font.setStrikeOut(m_isStruck);
+    return font;
+}
+
+QString Label::shownText(double width) const
+{
+    if (m_elideMode == Qt::ElideNone || wordWrap()) {
+        return text();
+    }
+    // A line break would hide what comes after it.
+    const QString oneLine = text().simplified();
+    if (painting::lineWidth(oneLine, roleFont()) <= width) {
+        return oneLine;
+    }
+    return QFontMetricsF(roleFont()).elidedText(oneLine, m_elideMode, width);
+}
+
+const Label::Layout& Label::layOut(double width) const
+{
+    const QFont font = roleFont();
+    const QString source = shownText(width);
+    if (m_layout && m_layout->source == source && qFuzzyCompare(m_layout->width, width) && m_layout->font == font &&
+        m_layout->wraps == wordWrap()) {
+        return *m_layout;
+    }
+    m_layout = std::make_unique<Layout>();
+    m_layout->source = source;
+    m_layout->width = width;
+    m_layout->font = font;
+    m_layout->wraps = wordWrap();
+
+    QTextLayout& lines = m_layout->lines;
+    lines.setText(QString(source).replace(u'\n', QChar::LineSeparator));
+    lines.setFont(font);
+    lines.setFormats(emojiFormats(lines.text(), font));
+    QTextOption option;
+    option.setWrapMode(wordWrap() ? QTextOption::WrapAtWordBoundaryOrAnywhere : QTextOption::ManualWrap);
+    lines.setTextOption(option);
+    lines.beginLayout();
+    for (QTextLine line = lines.createLine(); line.isValid(); line = lines.createLine()) {
+        line.setLineWidth(std::max(1.0, width));
+        m_layout->naturalWidth = std::max(m_layout->naturalWidth, line.naturalTextWidth());
+    }
+    lines.endLayout();
+    return *m_layout;
+}
+
+QSize Label::sizeHint() const
+{
+    const QMargins margins = contentsMargins();
+    const QString whole = m_elideMode == Qt::ElideNone ? text() : text().simplified();
+    double natural = 0;
+    const QStringList lines = whole.split(u'\n');
+    for (const QString& line : lines) {
+        natural = std::max(natural, painting::lineWidth(line, roleFont()));
+    }
+    const int width = static_cast<int>(std::ceil(natural));
+    return {width + margins.left() + margins.right(),
+            static_cast<int>(lines.size()) * rowHeight(m_role) + margins.top() + margins.bottom()};
+}
+
+QSize Label::minimumSizeHint() const
+{
+    const QSize whole = sizeHint();
+    if (m_elideMode == Qt::ElideNone && !wordWrap()) {
+        return whole;
+    }
+    const QMargins margins = contentsMargins();
+    return {std::min(whole.width(), scaled(32)), rowHeight(m_role) + margins.top() + margins.bottom()};
+}
+
+int Label::heightForWidth(int width) const
+{
+    const QMargins margins = contentsMargins();
+    const Layout& layout = layOut(width - margins.left() - margins.right());
+    return layout.lineCount() * rowHeight(m_role) + margins.top() + margins.bottom();
+}
+
+void Label::paintEvent(QPaintEvent* /*event*/)
+{
+    const QRectF area = contentsRect();
+    const bool isWide = m_elideMode == Qt::ElideNone && !wordWrap();
+    const Layout& layout = layOut(isWide ? unlimited : area.width());
+    const QFontMetricsF metrics(layout.font);
+    const double row = rowHeight(m_role);
+    double top = area.top();
+    if (alignment().testFlag(Qt::AlignVCenter)) {
+        top += std::max(0.0, (area.height() - layout.lineCount() * row) / 2);
+    }
+
+    const Theme& theme = ThemeScope::of(*this);
+    QPainter painter(this);
+    painter.setOpacity(m_opacity);
+    painter.setPen(isEnabled() ? theme.*m_color : theme.off);
+    for (int i = 0; i < layout.lines.lineCount(); ++i) {
+        const QTextLine line = layout.lines.lineAt(i);
+        double left = area.left();
+        if (alignment().testFlag(Qt::AlignHCenter)) {
+            left += (area.width() - line.naturalTextWidth()) / 2;
+        } else if (alignment().testFlag(Qt::AlignRight)) {
+            left += area.width() - line.naturalTextWidth();
+        }
+        const double baseline = top + (row + metrics.ascent() - metrics.descent()) / 2;
+        line.draw(&painter, QPointF(left, baseline - line.ascent()) - line.position());
+        top += row;
+    }
+}
+
+void Label::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::ApplicationFontChange) {
+        updateGeometry();
+        update();
+    }
+    QLabel::changeEvent(event);
+}
+
+bool Label::event(QEvent* event)
+{
+    if (event->type() == QEvent::ToolTip && toolTip().isEmpty() && m_elideMode != Qt::ElideNone && !wordWrap() &&
+        shownText(contentsRect().width()) != text().simplified()) {
+        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text(), this);
+        return true;
+    }
+    return QLabel::event(event);
+}
+
+} // namespace flitmark
