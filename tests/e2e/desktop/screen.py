@@ -4,6 +4,7 @@
 
 import re
 import subprocess
+import time
 
 from . import processes
 from .accessibility import Rectangle
@@ -116,11 +117,11 @@ class Screen:
     # Pictures
 
     def picture(self, path, area=None):
-        """Writes a picture of the screen, or of an area of it, as PNG."""
+        """Writes a picture of the screen, or of an area of it, as PNG; equal pictures are equal files."""
         crop = []
         if area is not None:
             crop = ["-crop", f"{area.width}x{area.height}+{area.x}+{area.y}", "+repage"]
-        self.run("import", "-window", "root", *crop, str(path))
+        self.run("import", "-window", "root", *crop, "-define", "png:exclude-chunks=date,time", str(path))
 
 
 class Window:
@@ -177,9 +178,17 @@ class Window:
         """Asks the window to close, as its close button does."""
         self._screen.run("wmctrl", "-i", "-c", hex(self.number))
 
-    def picture(self, path, margin=0):
-        area = self.geometry
-        x, y = max(0, area.x - margin), max(0, area.y - margin)
-        right = min(self._screen.width, area.right + margin)
-        bottom = min(self._screen.height, area.bottom + margin)
-        self._screen.picture(path, Rectangle(x, y, right - x, bottom - y))
+    def picture(self, path, margin=0, patience=1.0):
+        """Writes a picture of the window and of `margin` around it, taken when nothing in it moves any more, or when
+        patience, in seconds, is at its end."""
+        own = self.geometry
+        x, y = max(0, own.x - margin), max(0, own.y - margin)
+        right, bottom = min(self._screen.width, own.right + margin), min(self._screen.height, own.bottom + margin)
+        area = Rectangle(x, y, right - x, bottom - y)
+        deadline = time.monotonic() + patience
+        last = None
+        while time.monotonic() < deadline:
+            self._screen.picture(path, area)
+            if path.read_bytes() == last:
+                break
+            last = path.read_bytes()
