@@ -176,8 +176,8 @@ tl::expected<QByteArray, FileError> readFile(const QString& path)
 
 tl::expected<void, FileError> replaceFile(const QString& path, const QByteArray& bytes, Flush flush)
 {
-    if (path.contains(QChar::Null)) {
-        return systemError(EINVAL);
+    if (path.isEmpty() || path.contains(QChar::Null)) {
+        return systemError(path.isEmpty() ? ENOENT : EINVAL);
     }
     const tl::expected<QString, FileError> target = followLinks(path);
     if (!target) {
@@ -186,7 +186,6 @@ tl::expected<void, FileError> replaceFile(const QString& path, const QByteArray&
     const QByteArray targetName = QFile::encodeName(*target);
     const QString folder = QFileInfo(*target).absolutePath();
 
-    const Descriptor old(::open(targetName.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     struct stat oldInfo = {};
     const bool exists = ::stat(targetName.constData(), &oldInfo) == 0;
     if (exists && S_ISDIR(oldInfo.st_mode)) {
@@ -199,6 +198,7 @@ tl::expected<void, FileError> replaceFile(const QString& path, const QByteArray&
     if (exists && ::access(targetName.constData(), W_OK) != 0) {
         return systemError(errno);
     }
+    const Descriptor old(exists ? ::open(targetName.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK) : -1);
 
     bool isNamed = false;
     const QByteArray temporary = temporaryName(folder);

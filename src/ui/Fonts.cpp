@@ -58,6 +58,13 @@ QString emojiFamily()
     return QStringLiteral("Noto Color Emoji");
 }
 
+/// The emoji font's pixel size for an emoji of a text of `textSize` pixels. Qt fits a colour glyph's whole height into
+/// the font's size, which leaves it smaller than the letters beside it; this makes it a little higher than capitals.
+int emojiSize(int textSize)
+{
+    return static_cast<int>(std::lround(textSize * 1.17));
+}
+
 QStringList textFamilies()
 {
     static const QString generalFamily = QFontDatabase::systemFont(QFontDatabase::GeneralFont).family();
@@ -143,7 +150,7 @@ QFont fontOf(TextRole role)
     font.setPixelSize(scaled(metrics.size));
     font.setWeight(metrics.weight);
     if (role == TextRole::Overline) {
-        font.setLetterSpacing(QFont::PercentageSpacing, 105);
+        font.setLetterSpacing(QFont::AbsoluteSpacing, 0.05 * font.pixelSize());
     }
     return font;
 }
@@ -156,14 +163,6 @@ int rowHeight(TextRole role)
 int controlHeight()
 {
     return rowHeight(TextRole::Strong) + 12;
-}
-
-QFont emojiFont(int points)
-{
-    QFont font;
-    font.setFamilies({emojiFamily(), QStringLiteral("Inter")});
-    font.setPixelSize(scaled(points));
-    return font;
 }
 
 QList<QTextLayout::FormatRange> emojiFormats(const QString& text, const QFont& font, EmojiStyle style)
@@ -181,6 +180,7 @@ QList<QTextLayout::FormatRange> emojiFormats(const QString& text, const QFont& f
             QFont emoji = font;
             emoji.setFamilies({emojiFamily()});
             emoji.setWeight(QFont::Normal);
+            emoji.setPixelSize(emojiSize(font.pixelSize()));
             QTextCharFormat format;
             format.setFont(emoji);
             formats.append({static_cast<int>(position), static_cast<int>(length), format});

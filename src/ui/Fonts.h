@@ -43,9 +43,6 @@ int rowHeight(TextRole role);
 /// The height of buttons, fields and other one-line controls.
 int controlHeight();
 
-/// The font for emoji of `points` height, text scale included.
-QFont emojiFont(int points);
-
 /// How characters that exist both as a text sign and as an emoji are meant.
 enum class EmojiStyle {
     AsWritten, ///< a text sign, unless followed by the emoji variation selector

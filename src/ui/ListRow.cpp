@@ -1,0 +1,77 @@
+// SPDX-FileCopyrightText: 2026 The Flitmark authors
+// SPDX-License-Identifier: MIT
+
+#include <ui/ListRow.h>
+#include <ui/Painting.h>
+
+#include <QKeyEvent>
+
+namespace flitmark {
+
+namespace {
+
+void describe(QAbstractButton& row, const RowContent& content)
+{
+    setPlainText(row, content.title);
+    row.setAccessibleDescription(content.second);
+    row.setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+}
+
+} // namespace
+
+ListRow::ListRow(const RowContent& content, QWidget* parent)
+    : QRadioButton(parent)
+    , m_state(*new ControlState(*this))
+    , m_content(content)
+{
+    describe(*this, content);
+    setChecked(content.isSelected);
+}
+
+void ListRow::paintEvent(QPaintEvent* /*event*/)
+{
+    m_content.isSelected = isChecked();
+    QPainter painter(this);
+    m_content.paint(painter, *this, m_state);
+}
+
+void ListRow::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::ApplicationFontChange) {
+        updateGeometry();
+    }
+    QRadioButton::changeEvent(event);
+}
+
+ActionRow::ActionRow(const RowContent& content, QWidget* parent)
+    : QPushButton(parent)
+    , m_state(*new ControlState(*this))
+    , m_content(content)
+{
+    describe(*this, content);
+}
+
+void ActionRow::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    m_content.paint(painter, *this, m_state);
+}
+
+void ActionRow::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        click();
+        return;
+    }
+    QPushButton::keyPressEvent(event);
+}
+
+void ActionRow::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::ApplicationFontChange) {
+        updateGeometry();
+    }
+    QPushButton::changeEvent(event);
+}
+
+} // namespace flitmark

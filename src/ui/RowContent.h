@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: 2026 The Flitmark authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <ui/Theme.h>
+
+#include <QString>
+
+class QPainter;
+class QRectF;
+class QSize;
+class QWidget;
+
+namespace flitmark {
+
+class ControlState;
+
+/// What a row of a list stands on while it is not selected.
+enum class RowGround {
+    None, ///< directly on its window: popups, lists
+    Card, ///< on a card of its own
+};
+
+/// A symbol, a title and, where there is one, a second line: what the rows of lists and menus show.
+struct RowContent
+{
+    QString symbol;
+    ColorToken symbolColor = &Theme::mark;
+    QString title;
+    QString second;
+    /// How a second line that is too long is cut: paths in the middle.
+    Qt::TextElideMode secondElideMode = Qt::ElideRight;
+    RowGround ground = RowGround::None;
+    bool isSelected = false;
+    /// The row's height at text scale 1.
+    int height = 40;
+
+    /// The size at the text scale of now; the width is the least that makes sense.
+    QSize sizeHint() const;
+    void paint(QPainter& painter, const QWidget& row, const ControlState& state) const;
+
+private:
+    void paintTexts(QPainter& painter, const QRectF& area, const Theme& theme, bool isEnabled) const;
+};
+
+} // namespace flitmark

@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: 2026 The Flitmark authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QScrollArea>
+
+namespace flitmark {
+
+/// Scrolls its widget up and down, which it makes as wide as itself. A thin bar lies over the content's right edge
+/// while there is more than fits. What gets the focus by keyboard is scrolled into view.
+class ScrollArea final : public QScrollArea
+{
+    Q_OBJECT
+
+public:
+    explicit ScrollArea(QWidget* parent = nullptr);
+    Q_DISABLE_COPY_MOVE(ScrollArea)
+
+    QSize sizeHint() const override;
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    class Bar;
+
+    void placeBar();
+    void revealFocus(const QWidget* focused);
+
+    Bar* m_bar;
+};
+
+} // namespace flitmark

@@ -1,0 +1,106 @@
+// SPDX-FileCopyrightText: 2026 The Flitmark authors
+// SPDX-License-Identifier: MIT
+
+#include <ui/Painting.h>
+#include <ui/TextField.h>
+#include <ui/ThemeScope.h>
+
+#include <QEvent>
+
+#include <algorithm>
+
+namespace flitmark {
+
+namespace {
+
+/// What QLineEdit adds left and right of the text by itself.
+constexpr int ownMargin = 2;
+
+} // namespace
+
+TextField::TextField(const QString& name, QWidget* parent)
+    : QLineEdit(parent)
+    , m_state(*new ControlState(*this))
+{
+    setAccessibleName(name);
+    setFrame(false);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    setPadding(12);
+    applyFont();
+    applyColors();
+}
+
+void TextField::setPadding(int points)
+{
+    const int margin = std::max(0, points - ownMargin);
+    setTextMargins(margin, 0, margin, 0);
+}
+
+QSize TextField::sizeHint() const
+{
+    return {scaled(160), controlHeight()};
+}
+
+QSize TextField::minimumSizeHint() const
+{
+    return {scaled(40), controlHeight()};
+}
+
+void TextField::applyFont()
+{
+    setFont(fontOf(TextRole::Body));
+}
+
+void TextField::applyColors()
+{
+    const Theme& theme = ThemeScope::of(*this);
+    QPalette colors = palette();
+    // The ground is painted here, below what QLineEdit paints.
+    colors.setColor(QPalette::Base, Qt::transparent);
+    colors.setColor(QPalette::Text, theme.text);
+    colors.setColor(QPalette::Disabled, QPalette::Text, theme.off);
+    colors.setColor(QPalette::PlaceholderText, theme.text2);
+    colors.setColor(QPalette::Highlight, theme.sel);
+    colors.setColor(QPalette::HighlightedText, theme.text);
+    if (colors != palette()) {
+        setPalette(colors);
+    }
+}
+
+void TextField::paintEvent(QPaintEvent* event)
+{
+    const Theme& theme = ThemeScope::of(*this);
+    {
+        QPainter painter(this);
+        const QRectF box = rect();
+        painter.setOpacity(isEnabled() ? 1 : painting::disabledOpacity);
+        painting::fillRounded(painter, box, painting::controlRadius, theme.background);
+        if (m_state.hasFocus()) {
+            painting::strokeRounded(painter, box, painting::controlRadius, painting::focusWidth, theme.mark);
+        } else {
+            painting::strokeRounded(painter, box, painting::controlRadius, 1,
+                                    mix(theme.edge, theme.outline, std::min(1.0, m_state.level())));
+        }
+    }
+    QLineEdit::paintEvent(event);
+}
+
+void TextField::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::ApplicationFontChange) {
+        applyFont();
+        updateGeometry();
+    }
+    QLineEdit::changeEvent(event);
+}
+
+bool TextField::event(QEvent* event)
+{
+    // Put into another window, it hears of the new theme when it is shown there.
+    if (event->type() == ThemeScope::changeEvent() || event->type() == QEvent::Show) {
+        applyColors();
+    }
+    return QLineEdit::event(event);
+}
+
+} // namespace flitmark
