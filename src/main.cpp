@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Flitmark authors
 // SPDX-License-Identifier: MIT
 
-#include <QCoreApplication>
+#include <app/FlitmarkApp.h>
 
 int main(int argc, char** argv)
 {
-    const QCoreApplication application(argc, argv);
-    return 0;
+    flitmark::FlitmarkApp app(argc, argv);
+    return app.run();
 }

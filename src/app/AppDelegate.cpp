@@ -1,0 +1,183 @@
+// SPDX-FileCopyrightText: 2026 The Flitmark authors
+// SPDX-License-Identifier: MIT
+
+#include <app/AppDelegate.h>
+#include <app/PanelWindow.h>
+#include <app/Placement.h>
+#include <app/TriggerButtonView.h>
+#include <app/TriggerButtonWindow.h>
+#include <capture/DraftManager.h>
+#include <capture/NoteManager.h>
+#include <capture/NotePanelModel.h>
+#include <capture/NotePanelView.h>
+#include <config/ConfigManager.h>
+#include <platform/NotificationCenter.h>
+#include <platform/RunLoop.h>
+#include <platform/Screens.h>
+#include <platform/WindowManager.h>
+#include <ui/ThemeScope.h>
+
+#include <QWindow>
+
+namespace flitmark {
+
+using namespace std::chrono_literals;
+
+AppServices AppServices::shared()
+{
+    // The members are made in this order.
+    return {
+        .directories = Directories::ofUser(),
+        .runLoop = RunLoop::shared(),
+        .notificationCenter = NotificationCenter::shared(),
+        .configManager = ConfigManager::shared(),
+        .draftManager = DraftManager::shared(),
+        .noteManager = NoteManager::shared(),
+        .screens = Screens::shared(),
+        .windowManager = WindowManager::shared(),
+    };
+}
+
+AppDelegate::AppDelegate(const AppServices& services)
+    : m_services(services)
+{
+}
+
+AppDelegate::~AppDelegate() = default;
+
+void AppDelegate::applicationDidFinishLaunching()
+{
+    if (m_services.configManager.config().hasCompletedSetup) {
+        setupMainUI();
+    }
+    connect(&m_services.notificationCenter, &NotificationCenter::showDailyTab, this, &AppDelegate::showPanel);
+    connect(&m_services.screens, &Screens::changed, this, &AppDelegate::repositionTriggerButton);
+}
+
+void AppDelegate::setupMainUI()
+{
+    setupTriggerButton();
+    setupNotePanel();
+}
+
+void AppDelegate::setupTriggerButton()
+{
+    m_triggerWindow = std::make_unique<TriggerButtonWindow>(m_services.windowManager, m_services.runLoop);
+    TriggerButtonView& view = m_triggerWindow->view();
+    const auto applyPalette = [this] {
+        ThemeScope::set(*m_triggerWindow, themeOfPalette(m_services.configManager.config().colorPalette));
+    };
+    applyPalette();
+    connect(&m_services.configManager, &ConfigManager::configChanged, m_triggerWindow.get(), applyPalette);
+    connect(this, &AppDelegate::isPanelVisibleChanged, &view,
+            [this, &view] { view.setPanelVisible(m_isPanelVisible); });
+    connect(&view, &TriggerButtonView::toggled, this, &AppDelegate::togglePanel);
+    connect(&view, &TriggerButtonView::draggedTo, this, [this](const QPointF& topLeft) {
+        const QRectF frame(topLeft, m_triggerWindow->size());
+        setTriggerWindowOrigin(m_services.screens.flipped(frame).topLeft());
+    });
+
+    repositionTriggerButton();
+    m_triggerWindow->orderFront();
+    connect(m_triggerWindow.get(), &TriggerButtonWindow::moved, this, [this] {
+        m_triggerButtonCustomOrigin = m_services.screens.flipped(m_triggerWindow->geometry()).topLeft();
+        if (m_panelWindow) {
+            m_panelWindow->keepFreeFor(m_triggerWindow->geometry());
+        }
+    });
+}
+
+void AppDelegate::setupNotePanel()
+{
+    m_panelModel = std::make_unique<NotePanelModel>(m_services.configManager, m_services.draftManager,
+                                                    m_services.noteManager, m_services.runLoop);
+    m_panelWindow = std::make_unique<PanelWindow>(m_services.windowManager, m_services.configManager, *m_panelModel);
+    m_panelWindow->keepFreeFor(m_triggerWindow->geometry());
+    connect(m_panelWindow.get(), &FloatingWindow::closeAsked, this, &AppDelegate::hidePanel);
+    connect(&m_panelWindow->view(), &NotePanelView::closeAsked, this, &AppDelegate::hidePanel);
+    connect(m_panelModel.get(), &NotePanelModel::closeRequested, this, &AppDelegate::hidePanel);
+
+    const NotificationCenter* center = &m_services.notificationCenter;
+    NotePanelModel* model = m_panelModel.get();
+    connect(center, &NotificationCenter::panelOpened, model, &NotePanelModel::panelOpened);
+    connect(center, &NotificationCenter::showNewTab, model,
+            [model] { model->setSelectedTab(NotePanelModel::Tab::newNote); });
+    connect(center, &NotificationCenter::showBrowseTab, model,
+            [model] { model->setSelectedTab(NotePanelModel::Tab::browse); });
+    connect(center, &NotificationCenter::showDailyTab, model,
+            [model] { model->setSelectedTab(NotePanelModel::Tab::daily); });
+    model->panelAppeared();
+}
+
+void AppDelegate::togglePanel()
+{
+    if (!m_panelWindow || !m_triggerWindow) {
+        return;
+    }
+    if (m_isPanelVisible) {
+        hidePanel();
+    } else {
+        showPanel();
+    }
+}
+
+void AppDelegate::showPanel()
+{
+    if (!m_panelWindow || !m_triggerWindow) {
+        return;
+    }
+    const QSizeF size = m_panelWindow->frameRect().size();
+    const QPointF origin = panelOrigin(size, m_services.screens.mainScreen());
+    m_panelWindow->makeKeyAndOrderFront(m_services.screens.flipped(QRectF(origin, size)).toRect());
+    // Both float; where they meet the button stays above the panel, also after a click into the panel.
+    m_services.windowManager.keepAbove(*m_triggerWindow->windowHandle(), *m_panelWindow->windowHandle());
+    setPanelVisible(true);
+    m_services.runLoop.after(100ms, this, [this] { Q_EMIT m_services.notificationCenter.panelOpened(); });
+}
+
+void AppDelegate::hidePanel()
+{
+    if (m_panelWindow) {
+        m_panelWindow->orderOut();
+        setPanelVisible(false);
+    }
+}
+
+void AppDelegate::setPanelVisible(bool isVisible)
+{
+    if (m_isPanelVisible != isVisible) {
+        m_isPanelVisible = isVisible;
+        Q_EMIT isPanelVisibleChanged();
+    }
+}
+
+void AppDelegate::repositionTriggerButton()
+{
+    const std::optional<ScreenFrames> screen = m_services.screens.mainScreen();
+    if (!m_triggerWindow || !screen) {
+        return;
+    }
+    if (m_triggerButtonCustomOrigin) {
+        setTriggerWindowOrigin(*m_triggerButtonCustomOrigin);
+    } else {
+        moveTriggerWindow(defaultTriggerOrigin(m_triggerWindow->size(), *screen));
+    }
+}
+
+void AppDelegate::setTriggerWindowOrigin(const QPointF& origin)
+{
+    const std::optional<ScreenFrames> screen = m_services.screens.mainScreen();
+    if (!m_triggerWindow || !screen) {
+        return;
+    }
+    m_triggerButtonCustomOrigin = clampedTriggerOrigin(origin, m_triggerWindow->size(), *screen);
+    moveTriggerWindow(*m_triggerButtonCustomOrigin);
+}
+
+void AppDelegate::moveTriggerWindow(const QPointF& origin)
+{
+    const QRectF frame(origin, QSizeF(m_triggerWindow->size()));
+    m_triggerWindow->move(m_services.screens.flipped(frame).topLeft().toPoint());
+}
+
+} // namespace flitmark

@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: 2026 The Flitmark authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <platform/WindowManager.h>
+#include <ui/FloatingWindow.h>
+
+namespace flitmark {
+
+class ConfigManager;
+class NotePanelModel;
+class NotePanelView;
+
+/// The window of the note panel. It takes the keyboard when it is shown, gives it back to the window that had it when
+/// it is hidden, and keeps the size the user gives it in the configuration.
+class PanelWindow final : public FloatingWindow
+{
+    Q_OBJECT
+
+public:
+    static constexpr QSize minimumPanelSize{460, 360};
+    static constexpr QSize maximumPanelSize{600, 800};
+
+    /// Takes its size from the configuration, and corrects one that is too small there.
+    PanelWindow(WindowManager& windowManager, ConfigManager& configManager, NotePanelModel& model);
+    Q_DISABLE_COPY_MOVE(PanelWindow)
+
+    NotePanelView& view() { return *m_view; }
+
+    /// Shows the panel at `frame` (the desktop's coordinates), or brings it there, with the keyboard in its editor.
+    void makeKeyAndOrderFront(const QRect& frame);
+    /// Hides the panel.
+    void orderOut();
+
+    /// Tells the panel where the trigger button lies (the desktop's coordinates): where it covers the panel's bottom
+    /// right corner, the panel keeps that corner free of controls.
+    void keepFreeFor(const QRect& triggerFrame);
+
+private:
+    void storeSize();
+    void applyPalette();
+    void layOutCorner();
+
+    WindowManager& m_windowManager;
+    ConfigManager& m_configManager;
+    NotePanelView* m_view;
+    QRect m_triggerFrame;
+    WindowManager::WindowId m_previousWindow = 0;
+};
+
+} // namespace flitmark

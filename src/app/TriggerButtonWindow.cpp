@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: 2026 The Flitmark authors
+// SPDX-License-Identifier: MIT
+
+#include <app/TriggerButtonView.h>
+#include <app/TriggerButtonWindow.h>
+#include <platform/WindowManager.h>
+
+#include <QWindow>
+
+namespace flitmark {
+
+TriggerButtonWindow::TriggerButtonWindow(WindowManager& windowManager, RunLoop& runLoop)
+    : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::WindowDoesNotAcceptFocus |
+                           Qt::NoDropShadowWindowHint)
+    , m_windowManager(windowManager)
+    , m_view(new TriggerButtonView(runLoop, this))
+{
+    setAttribute(Qt::WA_TranslucentBackground);
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    setAttribute(Qt::WA_QuitOnClose, false);
+    setWindowTitle(tr("Flitmark Button"));
+    setFixedSize(m_view->size());
+}
+
+void TriggerButtonWindow::orderFront()
+{
+    if (m_windowManager.isCompositing()) {
+        clearMask();
+    } else {
+        setMask(TriggerButtonView::opaqueShape());
+    }
+    winId();
+    m_windowManager.makeCompanion(*windowHandle());
+    show();
+    raise();
+}
+
+void TriggerButtonWindow::moveEvent(QMoveEvent*)
+{
+    Q_EMIT moved();
+}
+
+} // namespace flitmark

@@ -1,0 +1,109 @@
+// SPDX-FileCopyrightText: 2026 The Flitmark authors
+// SPDX-License-Identifier: MIT
+
+#include <capture/NoteEditor.h>
+#include <ui/Fonts.h>
+#include <ui/ThemeScope.h>
+
+#include <QGuiApplication>
+#include <QInputMethod>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QTextBlock>
+
+namespace flitmark {
+
+NoteEditor::NoteEditor(QWidget* parent)
+    : QTextEdit(parent)
+{
+    setAcceptRichText(false);
+    setFrameShape(QFrame::NoFrame);
+    setFont(fontOf(TextRole::Note));
+    setPlaceholderText(tr("Note"));
+    setAccessibleName(tr("Note"));
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    viewport()->setAutoFillBackground(false);
+    document()->setDocumentMargin(0);
+    applyRowHeight();
+    applyTheme();
+}
+
+QString NoteEditor::text() const
+{
+    // QTextEdit's own plain text turns no-break spaces into spaces.
+    QString text = document()->toRawText();
+    text.replace(QChar::ParagraphSeparator, u'\n');
+    text.replace(QChar::LineSeparator, u'\n');
+    return text;
+}
+
+void NoteEditor::setText(const QString& text)
+{
+    if (text != this->text()) {
+        setPlainText(text);
+        applyRowHeight();
+        moveCursor(QTextCursor::End);
+    }
+}
+
+void NoteEditor::keyPressEvent(QKeyEvent* event)
+{
+    const bool isTab = event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab;
+    if (isTab && event->modifiers().testFlag(Qt::ControlModifier)) {
+        focusNextPrevChild(event->key() == Qt::Key_Tab && !event->modifiers().testFlag(Qt::ShiftModifier));
+        return;
+    }
+    QTextEdit::keyPressEvent(event);
+}
+
+void NoteEditor::hideEvent(QHideEvent* event)
+{
+    // What an input method is still composing belongs to the note.
+    if (hasFocus()) {
+        QGuiApplication::inputMethod()->commit();
+    }
+    QTextEdit::hideEvent(event);
+}
+
+bool NoteEditor::event(QEvent* event)
+{
+    if (event->type() == ThemeScope::changeEvent()) {
+        applyTheme();
+    }
+    return QTextEdit::event(event);
+}
+
+void NoteEditor::insertFromMimeData(const QMimeData* source)
+{
+    if (source->hasText()) {
+        textCursor().insertText(source->text());
+        ensureCursorVisible();
+    }
+}
+
+void NoteEditor::applyTheme()
+{
+    const Theme& theme = ThemeScope::of(*this);
+    QPalette colors = palette();
+    colors.setColor(QPalette::Text, theme.text);
+    colors.setColor(QPalette::PlaceholderText, theme.text2);
+    colors.setColor(QPalette::Base, Qt::transparent);
+    colors.setColor(QPalette::Highlight, theme.sel);
+    colors.setColor(QPalette::HighlightedText, theme.text);
+    setPalette(colors);
+}
+
+void NoteEditor::applyRowHeight()
+{
+    // Fixed rows: a line with an emoji in it is no taller than its neighbours. New lines take the format over.
+    QTextBlockFormat format;
+    format.setLineHeight(rowHeight(TextRole::Note), QTextBlockFormat::FixedHeight);
+    QTextCursor all(document());
+    all.select(QTextCursor::Document);
+    const bool hadUndo = isUndoRedoEnabled();
+    document()->setUndoRedoEnabled(false);
+    all.mergeBlockFormat(format);
+    document()->setUndoRedoEnabled(hadUndo);
+}
+
+} // namespace flitmark

@@ -1,0 +1,102 @@
+// SPDX-FileCopyrightText: 2026 The Flitmark authors
+// SPDX-License-Identifier: MIT
+
+#include <capture/NewTabView.h>
+#include <capture/NotePanelModel.h>
+#include <capture/NotePanelView.h>
+#include <ui/IconButton.h>
+#include <ui/Label.h>
+#include <ui/SegmentedTabs.h>
+
+#include <QHBoxLayout>
+#include <QShortcut>
+#include <QStackedLayout>
+
+namespace flitmark {
+
+namespace {
+
+/// What a tab shows whose view is not part of the program yet.
+QWidget* makeComingPage(const QString& text)
+{
+    auto* page = new QWidget;
+    auto* layout = new QVBoxLayout(page);
+    auto* label = new Label(text);
+    label->setColor(&Theme::text2);
+    label->setAlignment(Qt::AlignCenter);
+    layout->addWidget(label, 0, Qt::AlignCenter);
+    return page;
+}
+
+} // namespace
+
+NotePanelView::NotePanelView(NotePanelModel& model, ConfigManager& configManager, QWidget* parent)
+    : QWidget(parent)
+    , m_model(model)
+    , m_tabs(new SegmentedTabs)
+    , m_newTab(new NewTabView(model, configManager))
+{
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins({});
+    layout->setSpacing(0);
+    layout->addWidget(makeHeader());
+    m_pages = new QStackedLayout;
+    layout->addLayout(m_pages, 1);
+
+    // In the order of NotePanelModel::Tab.
+    m_pages->addWidget(m_newTab);
+    m_pages->addWidget(makeComingPage(tr("Browsing the vault is not part of this version yet.")));
+    m_pages->addWidget(makeComingPage(tr("The daily note is not part of this version yet.")));
+
+    connect(m_tabs, &SegmentedTabs::currentChanged, this,
+            [this](int index) { m_model.setSelectedTab(static_cast<NotePanelModel::Tab>(index)); });
+    connect(&model, &NotePanelModel::selectedTabChanged, this, &NotePanelView::showSelectedTab);
+    connect(&model, &NotePanelModel::editorFocusRequested, this, &NotePanelView::takeKeyboard);
+
+    auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
+    connect(escape, &QShortcut::activated, this, &NotePanelView::closeAsked);
+    showSelectedTab();
+}
+
+QWidget* NotePanelView::makeHeader()
+{
+    auto* header = new QWidget;
+    auto* row = new QHBoxLayout(header);
+    row->setContentsMargins(16, 12, 8, 12);
+    row->setSpacing(0);
+
+    m_tabs->add(tr("New"), QStringLiteral("plus.circle.fill"));
+    m_tabs->add(tr("Browse"), QStringLiteral("folder.fill"));
+    m_tabs->add(tr("Daily"), QStringLiteral("calendar"));
+    row->addWidget(m_tabs);
+    row->addStretch();
+
+    auto* close = new IconButton(tr("Close"));
+    close->setSymbol(QStringLiteral("xmark.circle.fill"));
+    connect(close, &IconButton::clicked, this, &NotePanelView::closeAsked);
+    row->addWidget(close);
+    return header;
+}
+
+void NotePanelView::takeKeyboard()
+{
+    if (m_model.selectedTab() == NotePanelModel::Tab::newNote) {
+        m_newTab->takeKeyboard();
+    } else {
+        m_pages->currentWidget()->setFocus();
+    }
+}
+
+void NotePanelView::setCornerReserve(int width)
+{
+    m_newTab->setCornerReserve(width);
+}
+
+void NotePanelView::showSelectedTab()
+{
+    const int index = static_cast<int>(m_model.selectedTab());
+    m_tabs->setCurrentIndex(index);
+    m_pages->setCurrentIndex(index);
+}
+
+} // namespace flitmark

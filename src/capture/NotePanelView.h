@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: 2026 The Flitmark authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QWidget>
+
+class QStackedLayout;
+
+namespace flitmark {
+
+class ConfigManager;
+class NewTabView;
+class NotePanelModel;
+class SegmentedTabs;
+
+/// The content of the note panel: the header with its three tabs, and the view of the selected one.
+class NotePanelView final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// How far controls reach up from the panel's lower edge, in points: the part a button over the corner can cover.
+    static constexpr int footerReach = 60;
+
+    NotePanelView(NotePanelModel& model, ConfigManager& configManager, QWidget* parent);
+    Q_DISABLE_COPY_MOVE(NotePanelView)
+
+    /// Puts the keyboard where the selected tab wants it.
+    void takeKeyboard();
+    /// Keeps the last `width` points at the right of the footer free of controls; 0 keeps nothing free.
+    void setCornerReserve(int width);
+
+Q_SIGNALS:
+    /// The user wants the panel away.
+    void closeAsked();
+
+private:
+    QWidget* makeHeader();
+    void showSelectedTab();
+
+    NotePanelModel& m_model;
+    SegmentedTabs* m_tabs;
+    QStackedLayout* m_pages;
+    NewTabView* m_newTab;
+};
+
+} // namespace flitmark
