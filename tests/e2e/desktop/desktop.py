@@ -77,8 +77,7 @@ class Desktop:
         self.environment["DISPLAY"] = self._start_server()
         self.environment["DBUS_SESSION_BUS_ADDRESS"] = self._start_bus()
         self.screen = Screen(self.environment, self._size)
-        self._start("openbox", "--sm-disable")
-        wait_until(self.screen.has_window_manager, "a window manager on the screen")
+        self._start_window_manager()
         if self._compositor:
             self._start("xcompmgr")
             wait_until(self.screen.has_compositor, "a compositor on the screen")
@@ -94,6 +93,12 @@ class Desktop:
             "Xvfb", "-displayfd", "1", "-screen", "0", f"{width}x{height}x24", "-dpi", str(self._dpi),
             "-nolisten", "tcp", "-noreset", stdout=subprocess.PIPE, text=True)
         return ":" + _first_line(child, "Xvfb")
+
+    def _start_window_manager(self):
+        # Long before it is ready it says that it is there; a window that comes in between may never be shown.
+        ready = self.folder / "window-manager-is-ready"
+        self._start("openbox", "--sm-disable", "--startup", f"touch {ready}")
+        wait_until(ready.exists, "the window manager to be ready")
 
     def _start_bus(self):
         services = self.folder / "services"

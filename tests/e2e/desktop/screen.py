@@ -2,6 +2,7 @@
 # SPDX-License-Identifier: MIT
 """The screen of a desktop: its windows, a real pointer, real keys, and pictures."""
 
+import math
 import re
 import subprocess
 import time
@@ -11,6 +12,9 @@ from .accessibility import Rectangle
 from .waiting import wait_until
 
 _TOOL_TIMEOUT_SECONDS = 30
+
+DRAG_STEP = 4
+"""The pixels between two moves of a drag. Where the window manager takes a drag over, it starts one such step late."""
 
 
 class Screen:
@@ -29,9 +33,6 @@ class Screen:
 
     def xdotool(self, *arguments):
         return self.run("xdotool", *(str(argument) for argument in arguments)).strip()
-
-    def has_window_manager(self):
-        return "window id #" in self.run("xprop", "-root", "_NET_SUPPORTING_WM_CHECK")
 
     def has_compositor(self):
         return '"xcompmgr"' in self.run("xwininfo", "-root", "-tree")
@@ -74,12 +75,13 @@ class Screen:
         """Clicks and types so soon after it that only the X server's order of events is left to rely on."""
         self.xdotool("mousemove", x, y, "click", 1, "sleep", seconds_between, "type", "--delay", 0, text)
 
-    def drag(self, start, end, steps=10):
-        """Presses at `start`, moves to `end` in small steps and releases there."""
+    def drag(self, start, end):
+        """Presses at `start`, moves to `end` in steps as small as a hand's, as far as the screen goes, and releases."""
+        steps = max(1, round(math.dist(start, end) / DRAG_STEP))
         command = ["mousemove", *start, "mousedown", 1]
         for step in range(1, steps + 1):
-            x, y = (round(a + (b - a) * step / steps) for a, b in zip(start, end))
-            command += ["mousemove", x, y, "sleep", 0.01]
+            x, y = (max(0, round(a + (b - a) * step / steps)) for a, b in zip(start, end))
+            command += ["mousemove", x, y, "sleep", 0.005]
         self.xdotool(*command, "mouseup", 1)
 
     def type(self, text, delay_ms=5):
@@ -165,7 +167,7 @@ class Window:
     def property(self, name):
         """The value of a window property as the tool prints it; empty when it is not set."""
         text = self._screen.run("xprop", "-id", str(self.number), "-notype", name)
-        return text.partition(" = ")[2].strip()
+        return text.removeprefix(name).lstrip(" =:").strip() if "not found" not in text else ""
 
     def states(self):
         """The names of the states the window manager keeps for the window ("ABOVE", "SKIP_TASKBAR")."""
