@@ -11,10 +11,12 @@
 #include <capture/NotePanelModel.h>
 #include <capture/NotePanelView.h>
 #include <config/ConfigManager.h>
+#include <platform/Dialogs.h>
 #include <platform/NotificationCenter.h>
 #include <platform/RunLoop.h>
 #include <platform/Screens.h>
 #include <platform/WindowManager.h>
+#include <setup/SetupWizardWindow.h>
 #include <ui/ThemeScope.h>
 
 #include <QWindow>
@@ -35,6 +37,7 @@ AppServices AppServices::shared()
         .noteManager = NoteManager::shared(),
         .screens = Screens::shared(),
         .windowManager = WindowManager::shared(),
+        .dialogs = Dialogs::shared(),
     };
 }
 
@@ -49,6 +52,8 @@ void AppDelegate::applicationDidFinishLaunching()
 {
     if (m_services.configManager.config().hasCompletedSetup) {
         setupMainUI();
+    } else {
+        presentSetupWizard();
     }
     connect(&m_services.notificationCenter, &NotificationCenter::showDailyTab, this, &AppDelegate::showPanel);
     connect(&m_services.screens, &Screens::changed, this, &AppDelegate::repositionTriggerButton);
@@ -107,6 +112,23 @@ void AppDelegate::setupNotePanel()
     connect(center, &NotificationCenter::showDailyTab, model,
             [model] { model->setSelectedTab(NotePanelModel::Tab::daily); });
     model->panelAppeared();
+}
+
+void AppDelegate::presentSetupWizard()
+{
+    m_setupWindow =
+        std::make_unique<SetupWizardWindow>(m_services.configManager, m_services.directories, m_services.dialogs);
+    connect(m_setupWindow.get(), &SetupWizardWindow::completed, this, &AppDelegate::finishSetupWizard);
+    m_setupWindow->showCentered();
+}
+
+void AppDelegate::finishSetupWizard()
+{
+    m_services.runLoop.after(300ms, this, [this] {
+        m_setupWindow->hide();
+        setupMainUI();
+        m_services.runLoop.after(200ms, this, [this] { m_setupWindow.reset(); });
+    });
 }
 
 void AppDelegate::togglePanel()

@@ -14,6 +14,7 @@
 namespace flitmark {
 
 class ConfigManager;
+class Dialogs;
 class DraftManager;
 class NoteManager;
 class NotePanelModel;
@@ -21,6 +22,7 @@ class NotificationCenter;
 class PanelWindow;
 class RunLoop;
 class Screens;
+class SetupWizardWindow;
 class TriggerButtonWindow;
 class WindowManager;
 
@@ -35,6 +37,7 @@ struct AppServices
     NoteManager& noteManager;
     Screens& screens;
     WindowManager& windowManager;
+    Dialogs& dialogs;
 
     /// The long-lived services of the process, each made now unless it is there already.
     static AppServices shared();
@@ -65,6 +68,7 @@ public:
     /// The windows, while they exist; tests look at them.
     PanelWindow* panelWindow() const { return m_panelWindow.get(); }
     TriggerButtonWindow* triggerWindow() const { return m_triggerWindow.get(); }
+    SetupWizardWindow* setupWindow() const { return m_setupWindow.get(); }
 
 Q_SIGNALS:
     void isPanelVisibleChanged();
@@ -73,6 +77,8 @@ private:
     void setupMainUI();
     void setupTriggerButton();
     void setupNotePanel();
+    void presentSetupWizard();
+    void finishSetupWizard();
 
     void repositionTriggerButton();
     /// Moves the trigger button to `origin` (the placement rules' coordinates), clamped to the screen, and remembers
@@ -85,6 +91,7 @@ private:
     std::unique_ptr<NotePanelModel> m_panelModel;
     std::unique_ptr<TriggerButtonWindow> m_triggerWindow;
     std::unique_ptr<PanelWindow> m_panelWindow;
+    std::unique_ptr<SetupWizardWindow> m_setupWindow;
     /// Where the user last put the trigger button, for this run of the program.
     std::optional<QPointF> m_triggerButtonCustomOrigin;
     bool m_isPanelVisible = false;

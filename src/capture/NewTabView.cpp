@@ -89,6 +89,8 @@ QWidget* NewTabView::makeFooter()
     save->setSymbol(QStringLiteral("arrow.up.circle.fill"));
     save->setToolTip(tr("Save the note (Ctrl+Return)"));
     save->setAccessibleName(tr("Save"));
+    clear->setFocusPolicy(Qt::TabFocus);
+    save->setFocusPolicy(Qt::TabFocus);
     connect(clear, &Button::clicked, &m_model, &NotePanelModel::clearNote);
     connect(save, &Button::clicked, &m_model, &NotePanelModel::saveNote);
     for (const int key : {Qt::Key_Return, Qt::Key_Enter}) {
@@ -145,6 +147,8 @@ void NewTabView::rebuildChips()
     for (const QuickTag& tag : tags) {
         auto* button = new ChipButton(tag.icon, tag.appendText, m_tagRow);
         connect(button, &ChipButton::clicked, &m_model, [this, id = tag.id] { m_model.toggleQuickTag(id); });
+        // A click leaves the keyboard in the editor: the next key belongs to the note.
+        button->setFocusPolicy(Qt::TabFocus);
         m_tagLayout->addWidget(button);
         m_chips.push_back({tag, button});
     }

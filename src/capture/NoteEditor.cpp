@@ -4,11 +4,14 @@
 #include <capture/NoteEditor.h>
 #include <ui/Fonts.h>
 #include <ui/ThemeScope.h>
+#include <ui/ThinScrollBar.h>
 
 #include <QGuiApplication>
 #include <QInputMethod>
 #include <QKeyEvent>
 #include <QMimeData>
+#include <QPainter>
+#include <QScrollBar>
 #include <QTextBlock>
 
 namespace flitmark {
@@ -22,6 +25,8 @@ NoteEditor::NoteEditor(QWidget* parent)
     setPlaceholderText(tr("Note"));
     setAccessibleName(tr("Note"));
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setViewportMargins(0, 0, ThinScrollBar::hitWidth, 0);
     viewport()->setAutoFillBackground(false);
     document()->setDocumentMargin(0);
     applyRowHeight();
@@ -53,7 +58,32 @@ void NoteEditor::keyPressEvent(QKeyEvent* event)
         focusNextPrevChild(event->key() == Qt::Key_Tab && !event->modifiers().testFlag(Qt::ShiftModifier));
         return;
     }
+    // QTextEdit answers Return on an empty line by dropping the line's format instead of starting a new one.
+    if (event->matches(QKeySequence::InsertParagraphSeparator) || event->matches(QKeySequence::InsertLineSeparator)) {
+        textCursor().insertBlock();
+        ensureCursorVisible();
+        return;
+    }
     QTextEdit::keyPressEvent(event);
+}
+
+void NoteEditor::paintEvent(QPaintEvent* event)
+{
+    QTextEdit::paintEvent(event);
+    const QTextBlock first = document()->firstBlock();
+    if (document()->isEmpty() && first.layout()->preeditAreaText().isEmpty()) {
+        QPainter painter(viewport());
+        painter.setFont(font());
+        painter.setPen(ThemeScope::of(*this).text2);
+        const QRect row(0, 0, viewport()->width(), rowHeight(TextRole::Note));
+        painter.drawText(row, Qt::AlignLeft | Qt::AlignVCenter, placeholderText());
+    }
+}
+
+void NoteEditor::resizeEvent(QResizeEvent* event)
+{
+    QTextEdit::resizeEvent(event);
+    m_scrollBar->placeIn(rect());
 }
 
 void NoteEditor::hideEvent(QHideEvent* event)
@@ -86,7 +116,8 @@ void NoteEditor::applyTheme()
     const Theme& theme = ThemeScope::of(*this);
     QPalette colors = palette();
     colors.setColor(QPalette::Text, theme.text);
-    colors.setColor(QPalette::PlaceholderText, theme.text2);
+    // QTextEdit would draw the placeholder where its rows would be without the fixed height.
+    colors.setColor(QPalette::PlaceholderText, Qt::transparent);
     colors.setColor(QPalette::Base, Qt::transparent);
     colors.setColor(QPalette::Highlight, theme.sel);
     colors.setColor(QPalette::HighlightedText, theme.text);
@@ -100,10 +131,10 @@ void NoteEditor::applyRowHeight()
     format.setLineHeight(rowHeight(TextRole::Note), QTextBlockFormat::FixedHeight);
     QTextCursor all(document());
     all.select(QTextCursor::Document);
-    const bool hadUndo = isUndoRedoEnabled();
+    // Not a step to be undone. The text was set anew just before, so there are no others to lose.
     document()->setUndoRedoEnabled(false);
     all.mergeBlockFormat(format);
-    document()->setUndoRedoEnabled(hadUndo);
+    document()->setUndoRedoEnabled(true);
 }
 
 } // namespace flitmark

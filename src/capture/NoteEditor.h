@@ -7,6 +7,8 @@
 
 namespace flitmark {
 
+class ThinScrollBar;
+
 /// The editor of plain text in which a note is written. Tab types a tab; Ctrl+Tab and Ctrl+Shift+Tab move on.
 class NoteEditor final : public QTextEdit
 {
@@ -23,6 +25,8 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     bool event(QEvent* event) override;
     void insertFromMimeData(const QMimeData* source) override;
@@ -30,6 +34,8 @@ protected:
 private:
     void applyTheme();
     void applyRowHeight();
+
+    ThinScrollBar* m_scrollBar;
 };
 
 } // namespace flitmark

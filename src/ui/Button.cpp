@@ -122,12 +122,4 @@ void Button::keyPressEvent(QKeyEvent* event)
     QPushButton::keyPressEvent(event);
 }
 
-void Button::changeEvent(QEvent* event)
-{
-    if (event->type() == QEvent::ApplicationFontChange) {
-        updateGeometry();
-    }
-    QPushButton::changeEvent(event);
-}
-
 } // namespace flitmark

@@ -6,8 +6,6 @@
 #include <ui/Symbols.h>
 #include <ui/ThemeScope.h>
 
-#include <QEvent>
-
 #include <algorithm>
 #include <cmath>
 
@@ -61,14 +59,6 @@ void CheckBox::paintEvent(QPaintEvent* /*event*/)
     const double left = box.right() + gap;
     painting::drawLine(painter, QRectF(left, 0, width() - left, height()), plainText(*this), fontOf(TextRole::Body),
                        theme.text);
-}
-
-void CheckBox::changeEvent(QEvent* event)
-{
-    if (event->type() == QEvent::ApplicationFontChange) {
-        updateGeometry();
-    }
-    QCheckBox::changeEvent(event);
 }
 
 } // namespace flitmark

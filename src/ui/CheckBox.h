@@ -27,7 +27,6 @@ public:
 protected:
     bool hitButton(const QPoint& position) const override { return rect().contains(position); }
     void paintEvent(QPaintEvent* event) override;
-    void changeEvent(QEvent* event) override;
 
 private:
     ControlState& m_state;

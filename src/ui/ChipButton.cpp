@@ -5,8 +5,6 @@
 #include <ui/Painting.h>
 #include <ui/ThemeScope.h>
 
-#include <QEvent>
-
 #include <algorithm>
 #include <cmath>
 
@@ -64,14 +62,6 @@ void ChipButton::paintEvent(QPaintEvent* /*event*/)
         border.setAlphaF(static_cast<float>(selection));
         painting::strokeRounded(painter, box, painting::controlRadius, 2, border);
     }
-}
-
-void ChipButton::changeEvent(QEvent* event)
-{
-    if (event->type() == QEvent::ApplicationFontChange) {
-        updateGeometry();
-    }
-    QCheckBox::changeEvent(event);
 }
 
 } // namespace flitmark

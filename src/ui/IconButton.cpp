@@ -108,12 +108,4 @@ void IconButton::keyPressEvent(QKeyEvent* event)
     QPushButton::keyPressEvent(event);
 }
 
-void IconButton::changeEvent(QEvent* event)
-{
-    if (event->type() == QEvent::ApplicationFontChange) {
-        updateGeometry();
-    }
-    QPushButton::changeEvent(event);
-}
-
 } // namespace flitmark

@@ -192,15 +192,6 @@ void Label::paintEvent(QPaintEvent* /*event*/)
     }
 }
 
-void Label::changeEvent(QEvent* event)
-{
-    if (event->type() == QEvent::ApplicationFontChange) {
-        updateGeometry();
-        update();
-    }
-    QLabel::changeEvent(event);
-}
-
 bool Label::event(QEvent* event)
 {
     if (event->type() == QEvent::ToolTip && toolTip().isEmpty() && m_elideMode != Qt::ElideNone && !wordWrap() &&

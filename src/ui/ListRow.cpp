@@ -35,14 +35,6 @@ void ListRow::paintEvent(QPaintEvent* /*event*/)
     m_content.paint(painter, *this, m_state);
 }
 
-void ListRow::changeEvent(QEvent* event)
-{
-    if (event->type() == QEvent::ApplicationFontChange) {
-        updateGeometry();
-    }
-    QRadioButton::changeEvent(event);
-}
-
 ActionRow::ActionRow(const RowContent& content, QWidget* parent)
     : QPushButton(parent)
     , m_state(*new ControlState(*this))
@@ -64,14 +56,6 @@ void ActionRow::keyPressEvent(QKeyEvent* event)
         return;
     }
     QPushButton::keyPressEvent(event);
-}
-
-void ActionRow::changeEvent(QEvent* event)
-{
-    if (event->type() == QEvent::ApplicationFontChange) {
-        updateGeometry();
-    }
-    QPushButton::changeEvent(event);
 }
 
 } // namespace flitmark

@@ -27,7 +27,6 @@ public:
 protected:
     bool hitButton(const QPoint& position) const override { return rect().contains(position); }
     void paintEvent(QPaintEvent* event) override;
-    void changeEvent(QEvent* event) override;
 
 private:
     ControlState& m_state;
@@ -50,7 +49,6 @@ public:
 protected:
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    void changeEvent(QEvent* event) override;
 
 private:
     ControlState& m_state;

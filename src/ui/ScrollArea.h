@@ -7,6 +7,8 @@
 
 namespace flitmark {
 
+class ThinScrollBar;
+
 /// Scrolls its widget up and down, which it makes as wide as itself. A thin bar lies over the content's right edge
 /// while there is more than fits. What gets the focus by keyboard is scrolled into view.
 class ScrollArea final : public QScrollArea
@@ -17,18 +19,18 @@ public:
     explicit ScrollArea(QWidget* parent = nullptr);
     Q_DISABLE_COPY_MOVE(ScrollArea)
 
+    /// Takes `content` over. Unlike a plain scroll area it leaves the content without a ground of its own.
+    void setWidget(QWidget* content);
+
     QSize sizeHint() const override;
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    class Bar;
-
-    void placeBar();
     void revealFocus(const QWidget* focused);
 
-    Bar* m_bar;
+    ThinScrollBar* m_bar;
 };
 
 } // namespace flitmark

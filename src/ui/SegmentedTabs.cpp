@@ -77,14 +77,6 @@ protected:
         QPushButton::keyPressEvent(event);
     }
 
-    void changeEvent(QEvent* event) override
-    {
-        if (event->type() == QEvent::ApplicationFontChange) {
-            updateGeometry();
-        }
-        QPushButton::changeEvent(event);
-    }
-
 private:
     double contentWidth() const
     {

@@ -6,7 +6,6 @@
 #include <ui/Symbols.h>
 #include <ui/ThemeScope.h>
 
-#include <QEvent>
 #include <QPaintEvent>
 
 #include <algorithm>
@@ -134,14 +133,6 @@ void Badge::paintEvent(QPaintEvent* /*event*/)
     painting::fillRounded(painter, rect(), height() / 2.0, isAccent ? theme.badge : theme.soft);
     painting::drawLine(painter, rect(), text(), fontOf(TextRole::Small), isAccent ? theme.badgeText : theme.text2,
                        Qt::AlignHCenter);
-}
-
-void Badge::changeEvent(QEvent* event)
-{
-    if (event->type() == QEvent::ApplicationFontChange) {
-        updateGeometry();
-    }
-    QLabel::changeEvent(event);
 }
 
 Dots::Dots(int count, QWidget* parent)

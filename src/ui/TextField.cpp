@@ -26,8 +26,16 @@ TextField::TextField(const QString& name, QWidget* parent)
     setFrame(false);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     setPadding(12);
-    applyFont();
-    applyColors();
+    applyLook();
+}
+
+void TextField::setForIcon()
+{
+    m_isForIcon = true;
+    setAlignment(Qt::AlignHCenter | Qt::AlignVCenter);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    setPadding(4);
+    applyLook();
 }
 
 void TextField::setPadding(int points)
@@ -38,7 +46,7 @@ void TextField::setPadding(int points)
 
 QSize TextField::sizeHint() const
 {
-    return {scaled(160), controlHeight()};
+    return {m_isForIcon ? scaled(40) : scaled(160), controlHeight()};
 }
 
 QSize TextField::minimumSizeHint() const
@@ -46,13 +54,13 @@ QSize TextField::minimumSizeHint() const
     return {scaled(40), controlHeight()};
 }
 
-void TextField::applyFont()
+void TextField::applyLook()
 {
-    setFont(fontOf(TextRole::Body));
-}
-
-void TextField::applyColors()
-{
+    QFont font = fontOf(TextRole::Body);
+    if (m_isForIcon) {
+        font.setPixelSize(scaled(17));
+    }
+    setFont(font);
     const Theme& theme = ThemeScope::of(*this);
     QPalette colors = palette();
     // The ground is painted here, below what QLineEdit paints.
@@ -60,6 +68,7 @@ void TextField::applyColors()
     colors.setColor(QPalette::Text, theme.text);
     colors.setColor(QPalette::Disabled, QPalette::Text, theme.off);
     colors.setColor(QPalette::PlaceholderText, theme.text2);
+    colors.setColor(QPalette::Disabled, QPalette::PlaceholderText, theme.off);
     colors.setColor(QPalette::Highlight, theme.sel);
     colors.setColor(QPalette::HighlightedText, theme.text);
     if (colors != palette()) {
@@ -85,20 +94,11 @@ void TextField::paintEvent(QPaintEvent* event)
     QLineEdit::paintEvent(event);
 }
 
-void TextField::changeEvent(QEvent* event)
-{
-    if (event->type() == QEvent::ApplicationFontChange) {
-        applyFont();
-        updateGeometry();
-    }
-    QLineEdit::changeEvent(event);
-}
-
 bool TextField::event(QEvent* event)
 {
-    // Put into another window, it hears of the new theme when it is shown there.
+    // Put into another window, it learns of the new look when it is shown there.
     if (event->type() == ThemeScope::changeEvent() || event->type() == QEvent::Show) {
-        applyColors();
+        applyLook();
     }
     return QLineEdit::event(event);
 }

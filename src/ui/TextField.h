@@ -19,22 +19,22 @@ public:
     explicit TextField(const QString& name, QWidget* parent = nullptr);
     Q_DISABLE_COPY_MOVE(TextField)
 
-    /// The room left and right of the text; 12 unless set. A field for one emoji takes 0 and is centred.
-    void setPadding(int points);
+    /// Makes it a narrow field for one emoji, which stands in the middle and is drawn larger.
+    void setForIcon();
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-    void changeEvent(QEvent* event) override;
     bool event(QEvent* event) override;
 
 private:
-    void applyFont();
-    void applyColors();
+    void applyLook();
+    void setPadding(int points);
 
     ControlState& m_state;
+    bool m_isForIcon = false;
 };
 
 } // namespace flitmark

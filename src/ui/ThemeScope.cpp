@@ -19,6 +19,43 @@ Themes& themes()
     return instance;
 }
 
+void announce(QWidget& root)
+{
+    QList<QWidget*> widgets = root.findChildren<QWidget*>();
+    widgets.prepend(&root);
+    for (QWidget* widget : std::as_const(widgets)) {
+        QEvent event(ThemeScope::changeEvent());
+        QCoreApplication::sendEvent(widget, &event);
+        widget->update();
+    }
+}
+
+/// Lives beside a theme, as a child of its widget: forgets the theme with the widget, and announces the desktop's other
+/// font, which reaches only widgets that have no font of their own.
+class Keeper final : public QObject
+{
+public:
+    explicit Keeper(QWidget& root)
+        : QObject(&root)
+        , m_root(root)
+    {
+        root.installEventFilter(this);
+    }
+    ~Keeper() override { themes().remove(&m_root); }
+    Q_DISABLE_COPY_MOVE(Keeper)
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::FontChange) {
+            announce(m_root);
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    QWidget& m_root;
+};
+
 } // namespace
 
 void ThemeScope::set(QWidget& root, const Theme& theme)
@@ -28,17 +65,10 @@ void ThemeScope::set(QWidget& root, const Theme& theme)
         return;
     }
     if (found == themes().constEnd()) {
-        QObject::connect(&root, &QObject::destroyed, [](QObject* gone) { themes().remove(gone); });
+        new Keeper(root);
     }
     themes().insert(&root, theme);
-
-    QList<QWidget*> widgets = root.findChildren<QWidget*>();
-    widgets.prepend(&root);
-    for (QWidget* widget : std::as_const(widgets)) {
-        QEvent event(changeEvent());
-        QCoreApplication::sendEvent(widget, &event);
-        widget->update();
-    }
+    announce(root);
 }
 
 const Theme& ThemeScope::of(const QWidget& widget)

@@ -26,8 +26,8 @@ public:
     /// palette's. The reference holds until the next `set`.
     static const Theme& of(const QWidget& widget);
 
-    /// Tells a widget that its theme may have changed. One that keeps colours (in a QPalette, say) renews them then;
-    /// one that asks for its theme when it paints need not listen.
+    /// Tells a widget that its theme or the text scale may have changed. One that keeps colours or fonts (a QPalette,
+    /// say) renews them then; one that asks for them when it paints need not listen.
     static QEvent::Type changeEvent();
 };
 

@@ -302,8 +302,8 @@ void FilesTest::createFolder_makesParentsOrSaysWhy()
     QVERIFY(createFolder(path(QStringLiteral("a/b//c/"))));
     QVERIFY(QFileInfo(path(QStringLiteral("a/b/c"))).isDir());
     QVERIFY(createFolder(path(QStringLiteral("a/b"))));
-    QCOMPARE(createFolder(path(QStringLiteral("file"))).error().message, QStringLiteral("File exists"));
-    QCOMPARE(createFolder(path(QStringLiteral("file/a/b"))).error().message, QStringLiteral("File exists"));
+    QCOMPARE(createFolder(path(QStringLiteral("file"))).error().message, QStringLiteral("Not a directory"));
+    QCOMPARE(createFolder(path(QStringLiteral("file/a/b"))).error().message, QStringLiteral("Not a directory"));
     QVERIFY(!createFolder(QStringLiteral("/proc/none/a")));
     QVERIFY(!createFolder(QString()));
 }

@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: 2026 The Flitmark authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <setup/StepColumn.h>
+
+namespace flitmark {
+
+class Card;
+class SetupWizardModel;
+
+/// The wizard's last step: what was chosen.
+class FinishStep final : public StepColumn
+{
+    Q_OBJECT
+
+public:
+    /// `localHotkeyLine` tells how the hotkey works on this computer; none for an empty one.
+    FinishStep(const SetupWizardModel& model, const QString& localHotkeyLine, QWidget* parent = nullptr);
+    Q_DISABLE_COPY_MOVE(FinishStep)
+
+private:
+    void addSummary(const SetupWizardModel& model);
+    static void addSummaryRow(Card& card, const QString& label, const QString& value, Qt::TextElideMode mode);
+};
+
+} // namespace flitmark
