@@ -101,6 +101,8 @@ class DesktopCase(unittest.TestCase):
     def check_output(self):
         """Fails when the program ended by itself or complained about its own working."""
         output = self.program.output()
+        if not self.program.ended_on_purpose:
+            self.assertIsNone(self.program.status, f"the program ended by itself; its output:\n{output}")
         alarms = [line for line in output.splitlines() if any(alarm in line for alarm in _ALARMS)]
         self.assertEqual(alarms, [], output)
 

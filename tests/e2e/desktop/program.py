@@ -37,6 +37,7 @@ class Program:
         self._desktop = desktop
         self._screen = desktop.screen
         self._output_path = Path(output_path)
+        self.ended_on_purpose = False
         environment = desktop.environment | _SANITIZER_OPTIONS | {"HOME": str(home.folder)} | (variables or {})
         if clock is not None:
             environment |= {"LD_PRELOAD": _fake_time_library(), "FAKETIME": clock}
@@ -52,6 +53,11 @@ class Program:
     def is_running(self):
         return self._process.poll() is None
 
+    @property
+    def status(self):
+        """The exit status (negative: the signal that ended it), None while the program runs."""
+        return self._process.poll()
+
     def output(self):
         """What the program has written so far."""
         return self._output_path.read_text(errors="replace")
@@ -60,17 +66,21 @@ class Program:
         wait_until(lambda: text in self.output(), lambda: f'"{text}" in the output:\n{self.output()}', timeout)
 
     def stop(self):
-        """Ends the program and gives its exit status (negative: the signal that ended it)."""
-        return processes.stop(self._process)
+        """Ends the program, if it still runs."""
+        self.ended_on_purpose = True
+        processes.stop(self._process)
 
     def kill(self):
         """Ends the program as a crash or a power cut would."""
+        self.ended_on_purpose = True
         self._process.send_signal(signal.SIGKILL)
         self._process.wait()
 
     def wait_for_exit(self, timeout=10.0):
+        """Waits until the program has ended by itself and gives its exit status."""
         wait_until(lambda: not self.is_running, "the program to end", timeout)
-        return self._process.returncode
+        self.ended_on_purpose = True
+        return self.status
 
     # Controls
 
