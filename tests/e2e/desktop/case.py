@@ -1,0 +1,137 @@
+# SPDX-FileCopyrightText: 2026 The Flitmark authors
+# SPDX-License-Identifier: MIT
+"""The base of all end-to-end tests: a fresh desktop and home for each, and evidence when one fails."""
+
+import functools
+import os
+import shutil
+import unittest
+from pathlib import Path
+
+from .bystander import Bystander
+from .desktop import Desktop
+from .home import Home
+from .program import Program
+from .waiting import wait_until
+
+ARTIFACTS = Path(os.environ.get("FLITMARK_E2E_ARTIFACTS", "e2e-artifacts"))
+
+# What a sanitizer or the toolkit says when the program did something it must not do.
+_ALARMS = ("ERROR: AddressSanitizer", "ERROR: LeakSanitizer", "WARNING: ThreadSanitizer", "runtime error:",
+           "ASSERT", "QObject::connect", "Cannot create children for a parent", "QBackingStore::endPaint")
+
+
+class DesktopCase(unittest.TestCase):
+    """`start` runs the program for the user `home` on `desktop`; everything is ended after the test."""
+
+    SIZE = (1440, 900)
+    COMPOSITOR = False
+
+    def __init_subclass__(cls, **options):
+        super().__init_subclass__(**options)
+        for name, test in list(vars(cls).items()):
+            if name.startswith("test_"):
+                setattr(cls, name, _leaving_evidence(test))
+
+    def setUp(self):
+        self.desktop = Desktop(size=self.SIZE, compositor=self.COMPOSITOR).start()
+        self.addCleanup(self.desktop.stop)
+        self.screen = self.desktop.screen
+        self.home = Home(self.desktop.folder / "user")
+        self.program = None
+        self.artifacts = ARTIFACTS / self.id().removeprefix("__main__.")
+        shutil.rmtree(self.artifacts, ignore_errors=True)
+
+    def start(self, clock=None, **variables):
+        """Starts the program; it must still run when the test ends, unless the test ended it."""
+        program = Program(self.desktop, self.home, self.desktop.folder / "output.txt", clock, variables)
+        self.addCleanup(program.stop)
+        self.program = program
+        return program
+
+    def start_with_button(self, clock=None, **variables):
+        """Starts the program of a user who finished the set-up and waits for its button."""
+        program = self.start(clock, **variables)
+        self.screen.window("Flitmark Button")
+        program.find("Flitmark Button")
+        return program
+
+    def start_bystander(self):
+        """Opens another program's window, which has the keyboard from then on."""
+        bystander = Bystander(self.desktop)
+        self.addCleanup(bystander.stop)
+        return bystander
+
+    def button(self):
+        return self.screen.window("Flitmark Button")
+
+    def click_button(self):
+        self.screen.click(*self.button().geometry.centre)
+
+    def open_panel(self):
+        """Opens the panel by its button and waits until one can type. Gives its window."""
+        self.click_button()
+        panel = self.screen.window("Flitmark")
+        self.wait_for_focus("Note")
+        return panel
+
+    def panel_is_open(self):
+        return bool(self.screen.windows("Flitmark"))
+
+    def wait_until_panel_closed(self):
+        wait_until(lambda: not self.panel_is_open(), "the panel to close")
+
+    def wait_for_focus(self, name):
+        """Waits until the control of this name has the keyboard."""
+        wait_until(lambda: (control := self.program.focused()) and control.name == name,
+                   lambda: f'"{name}" to have the keyboard, which {self.program.focused()} has')
+
+    def editor(self):
+        return self.program.find("Note", window="Flitmark")
+
+    def wait_for_text(self, text):
+        """Waits until the note editor holds exactly this text."""
+        editor = self.editor()
+        wait_until(lambda: editor.text == text, lambda: f"{text!r} in the editor, which holds {editor.text!r}")
+
+    def wait_for_draft(self, text):
+        wait_until(lambda: self.home.draft().get("content", "") == text,
+                   lambda: f"{text!r} in the draft, which is {self.home.draft()}")
+
+    def check_output(self):
+        """Fails when the program ended by itself or complained about its own working."""
+        output = self.program.output()
+        if not self.program.ended_on_purpose:
+            self.assertIsNone(self.program.status, f"the program ended by itself; its output:\n{output}")
+        alarms = [line for line in output.splitlines() if any(alarm in line for alarm in _ALARMS)]
+        self.assertEqual(alarms, [], output)
+
+    def keep_evidence(self):
+        """Leaves a picture of the screen, the controls and the program's output for whoever looks into a failure."""
+        self.artifacts.mkdir(parents=True, exist_ok=True)
+        self.screen.picture(self.artifacts / "screen.png")
+        if self.program is not None:
+            (self.artifacts / "output.txt").write_text(self.program.output())
+            (self.artifacts / "controls.txt").write_text(self.program.tree())
+        (self.artifacts / "windows.txt").write_text(self.screen.run("xwininfo", "-root", "-tree"))
+        print(f"evidence left in {self.artifacts}")
+
+    def wait_for_note(self, folder="Inbox"):
+        """The path of the first note in the folder of the vault, as soon as it is there."""
+        return wait_until(lambda: self.home.notes(folder), f"a note in {folder}")[0]
+
+
+def _leaving_evidence(test):
+    @functools.wraps(test)
+    def wrapped(self):
+        try:
+            test(self)
+            if self.program is not None:
+                self.check_output()
+        except unittest.SkipTest:
+            raise
+        except BaseException:
+            self.keep_evidence()
+            raise
+
+    return wrapped

@@ -1,0 +1,59 @@
+# SPDX-FileCopyrightText: 2026 The Flitmark authors
+# SPDX-License-Identifier: MIT
+"""The files of one user: a home folder with a vault, Obsidian's list of vaults and the program's own folder."""
+
+import json
+from pathlib import Path
+
+OBSIDIAN_VAULT_ID = "3f1c0a9d8b7e6f52"
+
+
+class Home:
+    """A fresh home folder below `folder`."""
+
+    def __init__(self, folder):
+        self.folder = Path(folder)
+        self.vault = self.folder / "Notes"
+        self.own_folder = self.folder / ".config" / "Flitmark"
+        self.config_path = self.own_folder / "config.json"
+        self.draft_path = self.own_folder / ".draft.json"
+        self.folder.mkdir(parents=True)
+
+    def make_vault(self, *other_paths):
+        """A vault with a few notes in it, known to Obsidian, as are the vaults at `other_paths`."""
+        (self.vault / ".obsidian").mkdir(parents=True)
+        (self.vault / "Inbox").mkdir()
+        (self.vault / "Projects").mkdir()
+        (self.vault / "Projects" / "Garden.md").write_text("# Garden\n\nPlant the beans in May.\n")
+        (self.vault / "Reading list.md").write_text("A book about bees\n")
+        vaults = {}
+        for number, path in enumerate([self.vault, *other_paths]):
+            vaults[f"{int(OBSIDIAN_VAULT_ID, 16) + number:016x}"] = {"path": str(path), "ts": 1768000000000}
+        listed = self.folder / ".config" / "obsidian" / "obsidian.json"
+        listed.parent.mkdir(parents=True)
+        listed.write_text(json.dumps({"vaults": vaults}))
+
+    def complete_setup(self, **fields):
+        """Leaves the configuration of a user who finished the set-up, with `fields` instead of the defaults."""
+        self.own_folder.mkdir(parents=True, exist_ok=True)
+        config = {"has_completed_setup": True, "vault_path": str(self.vault), "panel_width": 460, "panel_height": 560}
+        self.config_path.write_text(json.dumps(config | fields))
+
+    def config(self):
+        """The configuration as it is on disk; empty while there is none or it is just being written."""
+        return _read_json(self.config_path)
+
+    def draft(self):
+        """The draft on disk; empty when there is none."""
+        return _read_json(self.draft_path)
+
+    def notes(self, folder="Inbox"):
+        """The notes in a folder of the vault, oldest name first."""
+        return sorted((self.vault / folder).glob("*.md"))
+
+
+def _read_json(path):
+    try:
+        return json.loads(path.read_text())
+    except (FileNotFoundError, json.JSONDecodeError):
+        return {}

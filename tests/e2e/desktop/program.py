@@ -1,0 +1,159 @@
+# SPDX-FileCopyrightText: 2026 The Flitmark authors
+# SPDX-License-Identifier: MIT
+"""The program under test, running on a desktop for the user of a home folder."""
+
+import os
+import signal
+import subprocess
+from pathlib import Path
+
+from . import accessibility, processes
+from .accessibility import Gone, Rectangle
+from .waiting import NotInTime, wait_until
+
+_FAKE_TIME_LIBRARIES = "faketime/libfaketimeMT.so.1"
+
+# Under sanitizers the first report ends the program and shows in its output.
+_SANITIZER_OPTIONS = {
+    "ASAN_OPTIONS": "abort_on_error=0:detect_leaks=0:verify_asan_link_order=0",
+    "UBSAN_OPTIONS": "print_stacktrace=1",
+    "TSAN_OPTIONS": "halt_on_error=1",
+}
+
+
+def executable():
+    """The program to test, named by the environment."""
+    path = os.environ.get("FLITMARK_PROGRAM", "")
+    if not os.access(path, os.X_OK):
+        raise RuntimeError(f'FLITMARK_PROGRAM names no program: "{path}"')
+    return path
+
+
+class Program:
+    """One run of the program. `clock` is a time and a speed for it ("@2026-01-22 17:58:30 x60") instead of the real
+    ones; `variables` are added to its environment. Its output goes to `output_path`."""
+
+    def __init__(self, desktop, home, output_path, clock=None, variables=None):
+        self._desktop = desktop
+        self._screen = desktop.screen
+        self._output_path = Path(output_path)
+        self.ended_on_purpose = False
+        environment = desktop.environment | _SANITIZER_OPTIONS | {"HOME": str(home.folder)} | (variables or {})
+        if clock is not None:
+            environment |= {"LD_PRELOAD": _fake_time_library(), "FAKETIME": clock}
+        with self._output_path.open("ab") as output:
+            self._process = processes.start([executable()], environment, stdout=output, stderr=subprocess.STDOUT,
+                                            cwd=home.folder)
+
+    @property
+    def process_id(self):
+        return self._process.pid
+
+    @property
+    def is_running(self):
+        return self._process.poll() is None
+
+    @property
+    def status(self):
+        """The exit status (negative: the signal that ended it), None while the program runs."""
+        return self._process.poll()
+
+    def output(self):
+        """What the program has written so far."""
+        return self._output_path.read_text(errors="replace")
+
+    def wait_for_output(self, text, timeout=10.0):
+        wait_until(lambda: text in self.output(), lambda: f'"{text}" in the output:\n{self.output()}', timeout)
+
+    def stop(self):
+        """Ends the program, if it still runs."""
+        self.ended_on_purpose = True
+        processes.stop(self._process)
+
+    def kill(self):
+        """Ends the program as a crash or a power cut would."""
+        self.ended_on_purpose = True
+        self._process.send_signal(signal.SIGKILL)
+        self._process.wait()
+
+    def wait_for_exit(self, timeout=10.0):
+        """Waits until the program has ended by itself and gives its exit status."""
+        wait_until(lambda: not self.is_running, "the program to end", timeout)
+        self.ended_on_purpose = True
+        return self.status
+
+    # Controls
+
+    def _root(self):
+        for application in accessibility.applications(self._desktop.accessibility):
+            try:
+                if application.process_id == self._process.pid:
+                    return application
+            except Gone:
+                continue
+        return None
+
+    def tree(self):
+        """All controls on screen, for people."""
+        root = self._root()
+        return root.tree() if root else "(no controls)"
+
+    def find_all(self, name=None, role=None, window=None):
+        """The controls on screen with this name and role, in the window of this title."""
+        try:
+            root = self._root()
+            windows = root.children if root else []
+            return [control for top in windows if top.has("showing") and window in (None, top.name)
+                    for control in [top, *top.find_all()]
+                    if (name is None or control.name == name) and (role is None or control.role == role)]
+        except Gone:
+            return []
+
+    def find(self, name=None, role=None, window=None, timeout=10.0):
+        """The first such control, as soon as it is on screen."""
+        wanted = f'{role or "a control"} "{name}" in "{window or "any window"}"'
+        return wait_until(lambda: self.find_all(name, role, window), lambda: f"{wanted} among\n{self.tree()}",
+                          timeout)[0]
+
+    def wait_until_gone(self, name, role=None, window=None, timeout=10.0):
+        wait_until(lambda: not self.find_all(name, role, window), lambda: f'"{name}" to leave\n{self.tree()}', timeout)
+
+    def focused(self):
+        """The control that has the keyboard, or None."""
+        for control in self.find_all():
+            try:
+                if control.has("focused"):
+                    return control
+            except Gone:
+                continue
+        return None
+
+    def place_of(self, control):
+        """Where the control is on screen. Its place inside its window is the program's word, the window's own place the
+        X server's: that is where the pointer has to go."""
+        inner = control.extents
+        believed = control.window.extents
+        windows = self._screen.windows(control.window.name)
+        actual = windows[0].geometry if windows else believed
+        return Rectangle(inner.x - believed.x + actual.x, inner.y - believed.y + actual.y, inner.width, inner.height)
+
+    def click(self, name, role=None, window=None, button=1):
+        """Clicks a control with the pointer, as soon as it is there, enabled and at rest. Gives the control."""
+        control = self.find(name, role, window)
+
+        def resting_place():
+            before = self.place_of(control)
+            return before if control.has("enabled") and self.place_of(control) == before else None
+
+        place = wait_until(resting_place, f"{control} to be enabled and at rest")
+        self._screen.click(*place.centre, button)
+        return control
+
+
+def _fake_time_library():
+    """The library that gives a program another clock, the variant that is safe with threads."""
+    for folder in ("/usr/lib/x86_64-linux-gnu", "/usr/lib/aarch64-linux-gnu", "/usr/lib"):
+        path = f"{folder}/{_FAKE_TIME_LIBRARIES}"
+        if os.path.exists(path):
+            return path
+    raise NotInTime("libfaketime is not installed")

@@ -1,0 +1,117 @@
+# SPDX-FileCopyrightText: 2026 The Flitmark authors
+# SPDX-License-Identifier: MIT
+"""The round button that floats on the desktop."""
+
+import unittest
+
+from desktop.accessibility import Rectangle
+from desktop.case import DesktopCase
+from desktop.waiting import hold, wait_until
+
+SIDE = 56
+MARGIN = 12
+ALL_DESKTOPS = "4294967295"
+
+
+class ButtonTest(DesktopCase):
+    def setUp(self):
+        super().setUp()
+        self.home.make_vault()
+        self.home.complete_setup()
+        self.right = self.SIZE[0] - MARGIN - SIDE
+        self.lower = self.SIZE[1] - MARGIN - SIDE
+
+    def wait_for_place(self, x, y):
+        wait_until(lambda: self.button().geometry == Rectangle(x, y, SIDE, SIDE),
+                   lambda: f"the button at {x}, {y}; it is at {self.button().geometry}")
+
+    def drag_button_to(self, x, y):
+        """Drags the button by its centre so that, without any limit, its corner would come to (x, y)."""
+        self.screen.drag(self.button().geometry.centre, (x + SIDE // 2, y + SIDE // 2))
+
+    def test_floats_in_the_corner_without_the_keyboard(self):
+        bystander = self.start_bystander()
+        self.start_with_button()
+        self.wait_for_place(self.right, self.lower)
+        hold(lambda: bystander.window.is_active, "the other window keeps the keyboard", 0.5)
+
+        button = self.button()
+        wait_until(lambda: button.property("_NET_WM_DESKTOP") == ALL_DESKTOPS, "to be on all desktops")
+        wait_until(lambda: {"ABOVE", "SKIP_TASKBAR", "SKIP_PAGER"} <= button.states(), lambda: f"{button.states()}")
+        self.assertIn("input focus: False", button.property("WM_HINTS"))
+        # What is told to a screen reader is where it really is.
+        control = self.program.find("Flitmark Button", "push button")
+        wait_until(lambda: control.extents == button.geometry,
+                   lambda: f"{control.extents} to be the place, which is {button.geometry}")
+
+        self.screen.xdotool("set_desktop", 2)
+        wait_until(lambda: button.is_on_screen, "the button on another desktop")
+        self.screen.xdotool("set_desktop", 0)
+
+        # Another window laid over its place stays below it.
+        self.screen.xdotool("windowmove", bystander.window.number, self.right - 100, self.lower - 100)
+        bystander.window.activate()
+        order = self.screen.stacking()
+        self.assertGreater(order.index(button), order.index(bystander.window))
+
+    def test_click_toggles_and_never_takes_the_keyboard(self):
+        bystander = self.start_bystander()
+        self.start_with_button()
+        panel = self.open_panel()
+        self.assertTrue(panel.is_active)
+        self.click_button()
+        self.wait_until_panel_closed()
+        wait_until(lambda: bystander.window.is_active, "the other window to be active again")
+        self.assertNotEqual(self.screen.active_window(), self.button())
+
+        # A hand that trembles by one pixel still clicks.
+        x, y = self.button().geometry.centre
+        self.screen.drag((x, y), (x + 1, y))
+        wait_until(self.panel_is_open, "the panel to open")
+        self.wait_for_place(self.right, self.lower)
+
+    def test_drag_moves_and_does_not_toggle(self):
+        bystander = self.start_bystander()
+        self.start_with_button()
+        self.wait_for_place(self.right, self.lower)
+        for wanted, place in [
+            ((700, 300), (700, 300)),
+            ((704, 300), (704, 300)),
+            ((1600, 400), (self.right, 400)),
+            ((800, 1200), (800, self.lower)),
+            ((-300, -300), (MARGIN, MARGIN)),
+        ]:
+            with self.subTest(wanted=wanted):
+                self.drag_button_to(*wanted)
+                self.wait_for_place(*place)
+                hold(lambda: not self.panel_is_open(), "a drag does not open the panel", 0.3)
+        self.assertTrue(bystander.window.is_active)
+
+        self.click_button()
+        wait_until(self.panel_is_open, "the panel to open by a click after the drags")
+        self.wait_for_place(MARGIN, MARGIN)
+
+    def test_starts_in_the_corner_again(self):
+        self.start_with_button()
+        self.wait_for_place(self.right, self.lower)
+        self.drag_button_to(500, 200)
+        self.wait_for_place(500, 200)
+        self.program.stop()
+        self.start_with_button()
+        self.wait_for_place(self.right, self.lower)
+
+
+class SmallScreenButtonTest(DesktopCase):
+    SIZE = (1024, 600)
+    COMPOSITOR = True
+
+    def test_corner_of_a_small_screen(self):
+        self.home.make_vault()
+        self.home.complete_setup()
+        self.start_with_button()
+        wait_until(lambda: self.button().geometry == Rectangle(1024 - 68, 600 - 68, SIDE, SIDE),
+                   lambda: f"the corner; the button is at {self.button().geometry}")
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,133 @@
+# SPDX-FileCopyrightText: 2026 The Flitmark authors
+# SPDX-License-Identifier: MIT
+"""The first run: from an empty home to the button on the desktop."""
+
+import unittest
+
+from desktop.case import DesktopCase
+from desktop.waiting import hold, wait_until
+
+WIZARD = "Flitmark Setup"
+
+
+class SetupTest(DesktopCase):
+    def setUp(self):
+        super().setUp()
+        self.archive = self.home.folder / "Archive"
+        self.archive.mkdir()
+
+    def start_wizard(self):
+        self.start()
+        return self.screen.window(WIZARD)
+
+    def fill(self, field, text):
+        """Replaces what a field holds, with the keyboard."""
+        self.program.click(field, window=WIZARD)
+        self.wait_for_focus(field)
+        self.screen.key("ctrl+a")
+        self.screen.paste(text)
+        control = self.program.find(field)
+        wait_until(lambda: control.text == text, lambda: f"{text!r} in {control}, which holds {control.text!r}")
+
+    def next(self, button="Next"):
+        self.program.click(button, "push button", WIZARD)
+
+    def test_leads_to_the_button(self):
+        self.home.make_vault(self.archive)
+        wizard = self.start_wizard()
+        place = wizard.geometry
+        self.assertEqual((place.width, place.height), (500, 550))
+        self.assertAlmostEqual(place.centre[0], self.SIZE[0] / 2, delta=20)
+        self.assertAlmostEqual(place.centre[1], self.SIZE[1] / 2, delta=40)
+        self.assertTrue(wizard.is_active)
+        self.program.find("Quick Note Capture for Obsidian")
+        self.assertEqual(self.screen.windows("Flitmark Button"), [])
+
+        self.next("Get Started")
+        self.assertTrue(self.program.find("Archive", "radio button").has("checked"), "the first vault by name")
+        self.assertEqual(self.program.find("Notes", "radio button").description, str(self.home.vault))
+        self.program.click("Notes", "radio button")
+        self.fill("Subfolder", "Captured")
+        self.program.find("Notes will be saved to: vault/Captured")
+        self.next()
+
+        self.fill("New tag icon", "🎯")
+        self.fill("New tag text", "#from/wizard")
+        self.program.click("Add tag")
+        wait_until(lambda: self.program.find("New tag text").text == "", "the fields to be empty again")
+        self.next()
+
+        self.program.find("You're All Set!")
+        self.program.find("5 configured")
+        self.next("Start Using Flitmark")
+        self.screen.window("Flitmark Button")
+        wait_until(lambda: not self.screen.windows(WIZARD), "the wizard to leave")
+
+        config = self.home.config()
+        self.assertEqual(config["vault_path"], str(self.home.vault))
+        self.assertEqual(config["save_subfolder"], "Captured")
+        self.assertIs(config["has_completed_setup"], True)
+        self.assertEqual([tag["appendText"] for tag in config["quick_tags"]],
+                         ["#priority/high", "#status/pinned", "#type/idea", "#type/task", "#from/wizard"])
+        self.assertEqual(config["quick_tags"][-1]["icon"], "🎯")
+        self.assertEqual(len(config), 20)
+        self.assertEqual(list(config), sorted(config), "the keys in the order of the file")
+
+    def test_keyboard_alone_finishes(self):
+        self.home.make_vault()
+        self.start_wizard()
+        for button in ("Get Started", "Next", "Next", "Start Using Flitmark"):
+            self.program.find(button, "push button")
+            self.tab_to(button)
+            self.screen.key("space")
+        self.screen.window("Flitmark Button")
+        self.assertEqual(self.home.config()["vault_path"], str(self.home.vault))
+
+    def tab_to(self, name):
+        passed = []
+        for _ in range(40):
+            control = self.program.focused()
+            if control and control.name == name:
+                return
+            passed.append(str(control))
+            self.screen.key("Tab")
+            wait_until(lambda: self.program.focused() != control, lambda: f"Tab to leave {control}")
+        self.fail(f'Tab does not come to "{name}", only to {passed}')
+
+    def test_closing_the_wizard_finishes_nothing(self):
+        self.home.make_vault()
+        wizard = self.start_wizard()
+        self.next("Get Started")
+        self.program.find("Select Your Obsidian Vault")
+        before = self.home.config()
+        wizard.close()
+        wait_until(lambda: not self.screen.windows(WIZARD), "the wizard to leave")
+        hold(lambda: self.program.is_running and not self.screen.windows("Flitmark Button"),
+             "running on without a button", 1.5)
+        self.assertIs(before["has_completed_setup"], False)
+        self.assertEqual(self.home.config(), before)
+
+        self.program.stop()
+        self.start_wizard()
+
+    def test_a_vault_path_is_needed(self):
+        self.start_wizard()
+        self.next("Get Started")
+        forward = self.program.find("Next", "push button")
+        self.assertFalse(forward.has("enabled"), "without a vault")
+        self.program.click("Use custom folder path", "check box")
+        self.fill("Vault path", str(self.archive))
+        wait_until(lambda: forward.has("enabled"), "Next to be enabled")
+        self.fill("Subfolder", "")
+        self.next()
+        self.next()
+        self.program.find("You're All Set!")
+        self.program.find(str(self.archive))
+        self.next("Start Using Flitmark")
+        self.screen.window("Flitmark Button")
+        self.assertEqual(self.home.config()["vault_path"], str(self.archive))
+        self.assertEqual(self.home.config()["save_subfolder"], "Inbox")
+
+
+if __name__ == "__main__":
+    unittest.main()
