@@ -18,6 +18,7 @@ namespace flitmark {
 
 NoteEditor::NoteEditor(QWidget* parent)
     : QTextEdit(parent)
+    , m_scrollBar(new ThinScrollBar(*verticalScrollBar(), this))
 {
     setAcceptRichText(false);
     setFrameShape(QFrame::NoFrame);

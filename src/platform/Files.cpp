@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QRandomGenerator>
+#include <QThreadPool>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -42,6 +43,8 @@ public:
 
     bool isOpen() const { return m_fd >= 0; }
     int get() const { return m_fd; }
+    /// Leaves the closing to the caller.
+    int release() { return std::exchange(m_fd, -1); }
 
     /// False when the system reports a delayed write error.
     bool close() { return m_fd < 0 || ::close(std::exchange(m_fd, -1)) == 0; }
@@ -131,6 +134,15 @@ void flushFolder(const QString& folder)
     }
 }
 
+/// Closes the last descriptor of a replaced file off the caller's thread. The system frees the file then, and lets
+/// whoever closes it wait until the disk has taken what it once held.
+void closeInBackground(Descriptor& descriptor)
+{
+    if (descriptor.isOpen()) {
+        QThreadPool::globalInstance()->start([fd = descriptor.release()] { ::close(fd); });
+    }
+}
+
 } // namespace
 
 FileError FileError::ofSystem(int code)
@@ -198,7 +210,7 @@ tl::expected<void, FileError> replaceFile(const QString& path, const QByteArray&
     if (exists && ::access(targetName.constData(), W_OK) != 0) {
         return systemError(errno);
     }
-    const Descriptor old(exists ? ::open(targetName.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK) : -1);
+    Descriptor old(exists ? ::open(targetName.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK) : -1);
 
     bool isNamed = false;
     const QByteArray temporary = temporaryName(folder);
@@ -224,6 +236,8 @@ tl::expected<void, FileError> replaceFile(const QString& path, const QByteArray&
     }
     if (flush == Flush::ToDisk) {
         flushFolder(folder);
+    } else {
+        closeInBackground(old);
     }
     return {};
 }
