@@ -21,13 +21,13 @@ QString fromEnvironment(const char* name, const QString& fallback)
 Directories Directories::ofUser()
 {
     const QString home = QDir::homePath();
+    const QString configHome = fromEnvironment("XDG_CONFIG_HOME", home + QStringLiteral("/.config"));
     const QString library = home + QStringLiteral("/Library/Application Support");
     return {
         .home = home,
-        .applicationSupport = QFileInfo(library).isDir()
-                                  ? library
-                                  : fromEnvironment("XDG_CONFIG_HOME", home + QStringLiteral("/.config")),
+        .applicationSupport = QFileInfo(library).isDir() ? library : configHome,
         .cache = fromEnvironment("XDG_CACHE_HOME", home + QStringLiteral("/.cache")),
+        .configHome = configHome,
     };
 }
 

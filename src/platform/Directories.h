@@ -14,6 +14,8 @@ struct Directories
     /// Where applications keep their data; ours lies in a folder "Flitmark" below it.
     QString applicationSupport;
     QString cache;
+    /// Where other programs keep their settings: `$XDG_CONFIG_HOME`, else `~/.config`.
+    QString configHome = {};
 
     /// The folders of the current user, from the environment. `~/Library/Application Support` is taken where it
     /// exists, else `$XDG_CONFIG_HOME`, else `~/.config`. Relative values of XDG variables are ignored.

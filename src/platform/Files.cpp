@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Flitmark authors
 // SPDX-License-Identifier: MIT
 
+#include <core/Links.h>
 #include <platform/Files.h>
 
 #include <QDir>
@@ -13,6 +14,7 @@
 #include <sys/xattr.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <climits>
 #include <cstring>
@@ -24,7 +26,7 @@ namespace {
 
 tl::unexpected<FileError> systemError(int code)
 {
-    return tl::unexpected(FileError{QString::fromLocal8Bit(strerrordesc_np(code))});
+    return tl::unexpected(FileError::ofSystem(code));
 }
 
 /// An open file descriptor, closed when it goes.
@@ -87,16 +89,16 @@ void copyAttributes(int from, int to, const struct stat& old)
 }
 
 /// Where a write to `path` really lands: the end of a chain of links, which need not exist yet.
-QString followLinks(QString path)
+tl::expected<QString, FileError> followLinks(const QString& path)
 {
-    for (int hops = 0; hops < 40; ++hops) {
-        const QFileInfo info(path);
-        if (!info.isSymLink()) {
-            break;
-        }
-        path = info.symLinkTarget();
+    if (!QFileInfo(path).isSymLink()) {
+        return path;
     }
-    return path;
+    if (const std::optional<QString> target = resolveLinks(path)) {
+        return *target;
+    }
+    struct stat info = {};
+    return systemError(::stat(QFile::encodeName(path).constData(), &info) != 0 ? errno : ELOOP);
 }
 
 /// A name in `folder` that file lists and sync programs pass over: hidden, and shaped like a temporary file.
@@ -131,9 +133,18 @@ void flushFolder(const QString& folder)
 
 } // namespace
 
+FileError FileError::ofSystem(int code)
+{
+    return {QString::fromLocal8Bit(::strerrordesc_np(code))};
+}
+
 tl::expected<QByteArray, FileError> readFile(const QString& path)
 {
-    const Descriptor fd(::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC));
+    if (path.contains(QChar::Null)) {
+        return systemError(EINVAL);
+    }
+    // Without waiting: a pipe in the file's place must not stop the program.
+    const Descriptor fd(::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     struct stat info = {};
     if (!fd.isOpen() || ::fstat(fd.get(), &info) != 0) {
         return systemError(errno);
@@ -141,7 +152,8 @@ tl::expected<QByteArray, FileError> readFile(const QString& path)
     if (S_ISDIR(info.st_mode)) {
         return systemError(EISDIR);
     }
-    QByteArray bytes(static_cast<qsizetype>(info.st_size), Qt::Uninitialized);
+    // One byte more than the file should have, to see its end without growing.
+    QByteArray bytes(static_cast<qsizetype>(info.st_size) + 1, Qt::Uninitialized);
     qsizetype done = 0;
     while (true) {
         if (done == bytes.size()) {
@@ -164,15 +176,24 @@ tl::expected<QByteArray, FileError> readFile(const QString& path)
 
 tl::expected<void, FileError> replaceFile(const QString& path, const QByteArray& bytes, Flush flush)
 {
-    const QString target = followLinks(path);
-    const QByteArray targetName = QFile::encodeName(target);
-    const QString folder = QFileInfo(target).absolutePath();
+    if (path.contains(QChar::Null)) {
+        return systemError(EINVAL);
+    }
+    const tl::expected<QString, FileError> target = followLinks(path);
+    if (!target) {
+        return tl::unexpected(target.error());
+    }
+    const QByteArray targetName = QFile::encodeName(*target);
+    const QString folder = QFileInfo(*target).absolutePath();
 
     const Descriptor old(::open(targetName.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     struct stat oldInfo = {};
     const bool exists = ::stat(targetName.constData(), &oldInfo) == 0;
     if (exists && S_ISDIR(oldInfo.st_mode)) {
         return systemError(EISDIR);
+    }
+    if (exists && !S_ISREG(oldInfo.st_mode)) {
+        return overwriteFile(*target, bytes);
     }
     // A file its user made read-only is not to be replaced through its folder's permissions either.
     if (exists && ::access(targetName.constData(), W_OK) != 0) {
@@ -184,7 +205,7 @@ tl::expected<void, FileError> replaceFile(const QString& path, const QByteArray&
     Descriptor fd(openTemporary(folder, temporary, isNamed));
     if (!fd.isOpen()) {
         const int reason = errno;
-        return exists && (reason == EACCES || reason == EPERM) ? overwriteFile(target, bytes) : systemError(reason);
+        return exists && (reason == EACCES || reason == EPERM) ? overwriteFile(*target, bytes) : systemError(reason);
     }
     if (exists) {
         if (old.isOpen()) {
@@ -209,15 +230,39 @@ tl::expected<void, FileError> replaceFile(const QString& path, const QByteArray&
 
 tl::expected<void, FileError> overwriteFile(const QString& path, const QByteArray& bytes)
 {
-    Descriptor fd(::open(QFile::encodeName(path).constData(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666));
-    if (!fd.isOpen() || !writeAll(fd.get(), bytes) || !fd.close()) {
+    if (path.contains(QChar::Null)) {
+        return systemError(EINVAL);
+    }
+    Descriptor fd(::open(QFile::encodeName(path).constData(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NONBLOCK, 0666));
+    struct stat info = {};
+    if (!fd.isOpen() || ::fstat(fd.get(), &info) != 0) {
+        return systemError(errno);
+    }
+    // The room is reserved before the old content is touched, and cut only after the new one is there, so that a reader
+    // in between finds no empty file.
+    if (S_ISREG(info.st_mode) && ::fallocate(fd.get(), FALLOC_FL_KEEP_SIZE, 0, std::max<off_t>(bytes.size(), 1)) != 0 &&
+        (errno == ENOSPC || errno == EDQUOT || errno == EFBIG)) {
+        return systemError(errno);
+    }
+    if (!writeAll(fd.get(), bytes) || (info.st_size > bytes.size() && ::ftruncate(fd.get(), bytes.size()) != 0) ||
+        !fd.close()) {
         return systemError(errno);
     }
     return {};
 }
 
+void keepUnreadable(const QString& path)
+{
+    if (const auto bytes = readFile(path)) {
+        std::ignore = replaceFile(path + QStringLiteral(".unreadable"), *bytes);
+    }
+}
+
 tl::expected<void, FileError> createFolder(const QString& path)
 {
+    if (path.contains(QChar::Null)) {
+        return systemError(EINVAL);
+    }
     const QString clean = QDir::cleanPath(path);
     if (QFileInfo(clean).isDir()) {
         return {};

@@ -10,10 +10,16 @@
 
 namespace flitmark {
 
+// The paths are absolute. One with a NUL inside names no file and is an error, rather than the file named by its first
+// part.
+
 /// Why a file operation failed, in the system's own words ("No such file or directory").
 struct FileError
 {
     QString message;
+
+    /// The system's words for the error number `code`.
+    static FileError ofSystem(int code);
 };
 
 /// The whole content of the file at `path`.
@@ -24,12 +30,17 @@ enum class Flush { ToDisk, Later };
 
 /// Makes `bytes` the content of the file at `path`, as a whole or not at all: they are written beside it under a hidden
 /// name and renamed over it. A link is followed and stays; permissions, extended attributes and, where allowed, the
-/// owner are kept. Where the folder takes no second file the content is written in place. On failure the file is as it
-/// was and nothing else is left behind.
+/// owner are kept. Where the folder takes no second file, and into a device or a pipe, the content is written in place.
+/// On failure the file is as it was and nothing else is left behind.
 tl::expected<void, FileError> replaceFile(const QString& path, const QByteArray& bytes, Flush flush = Flush::ToDisk);
 
-/// Rewrites the file at `path` in place, creating it if needed, so that whoever holds it open sees the new content.
+/// Rewrites the file at `path` in place, creating it if needed, so that whoever holds it open sees the new content. On
+/// a full disk the file stays as it was.
 tl::expected<void, FileError> overwriteFile(const QString& path, const QByteArray& bytes);
+
+/// Copies the file at `path`, which could not be understood, to a file beside it whose name ends in ".unreadable", so
+/// that writing a new one loses nothing. An older copy is replaced; a failure is of no consequence and has no message.
+void keepUnreadable(const QString& path);
 
 /// Creates the folder at `path` with all its parents; one that is there already is a success.
 tl::expected<void, FileError> createFolder(const QString& path);

@@ -54,6 +54,10 @@ void appendString(QByteArray& out, const QString& text)
 void appendNumber(QByteArray& out, const QJsonValue& value)
 {
     const QVariant variant = value.toVariant();
+    if (!std::isfinite(variant.toDouble())) {
+        out += "null"; // JSON has no infinity
+        return;
+    }
     out += variant.typeId() == QMetaType::LongLong
                ? QByteArray::number(variant.toLongLong())
                : QByteArray::number(variant.toDouble(), 'g', QLocale::FloatingPointShortest);

@@ -4,7 +4,7 @@
 #pragma once
 
 #include <QString>
-#include <QtClassHelperMacros>
+#include <QtGlobal>
 
 namespace flitmark {
 

@@ -4,7 +4,7 @@
 #pragma once
 
 #include <QUrl>
-#include <QtClassHelperMacros>
+#include <QtGlobal>
 
 namespace flitmark {
 

@@ -1,0 +1,69 @@
+// SPDX-FileCopyrightText: 2026 The Flitmark authors
+// SPDX-License-Identifier: MIT
+
+#include <core/Links.h>
+
+#include <QFile>
+#include <QStringList>
+
+#include <filesystem>
+#include <system_error>
+
+namespace flitmark {
+
+namespace {
+
+// As many as the system itself follows in one path.
+constexpr int maximumLinks = 40;
+
+void pushReversed(QStringList& pending, const QString& path)
+{
+    const QStringList names = path.split(u'/', Qt::SkipEmptyParts);
+    for (auto name = names.crbegin(); name != names.crend(); ++name) {
+        pending.append(*name);
+    }
+}
+
+} // namespace
+
+std::optional<QString> resolveLinks(const QString& path)
+{
+    namespace fs = std::filesystem;
+
+    QStringList pending; // the next name is the last one
+    pushReversed(pending, path);
+    QString resolved; // without a trailing slash; empty is the root
+    int linksLeft = maximumLinks;
+    while (!pending.isEmpty()) {
+        const QString name = pending.takeLast();
+        if (name == u".") {
+            continue;
+        }
+        if (name == u"..") {
+            resolved.truncate(qMax(resolved.lastIndexOf(u'/'), qsizetype(0)));
+            continue;
+        }
+        const QString next = resolved + u'/' + name;
+        const fs::path nextPath(QFile::encodeName(next).toStdString());
+        std::error_code error;
+        const fs::file_status status = fs::symlink_status(nextPath, error);
+        if (status.type() == fs::file_type::none) {
+            return std::nullopt;
+        }
+        if (status.type() != fs::file_type::symlink) {
+            resolved = next;
+            continue;
+        }
+        const fs::path target = fs::read_symlink(nextPath, error);
+        if (error || linksLeft-- == 0) {
+            return std::nullopt;
+        }
+        if (target.is_absolute()) {
+            resolved.clear();
+        }
+        pushReversed(pending, QFile::decodeName(target.native().c_str()));
+    }
+    return resolved.isEmpty() ? QStringLiteral("/") : resolved;
+}
+
+} // namespace flitmark
