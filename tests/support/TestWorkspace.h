@@ -6,6 +6,7 @@
 #include <platform/Workspace.h>
 
 #include <QList>
+#include <QStringList>
 
 namespace flitmark {
 
@@ -16,10 +17,12 @@ public:
     bool open(const QUrl& url) override
     {
         opened.append(url);
-        return true;
+        return !missingSchemes.contains(url.scheme());
     }
 
     QList<QUrl> opened;
+    /// The schemes that no application is registered for.
+    QStringList missingSchemes;
 };
 
 } // namespace flitmark
