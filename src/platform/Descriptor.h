@@ -27,15 +27,15 @@ public:
     bool isOpen() const { return m_fd >= 0; }
     int get() const { return m_fd; }
 
+    /// Leaves the closing to the caller.
+    int release() { return std::exchange(m_fd, -1); }
+
     /// Closes what is open and takes `fd` instead.
     void reset(int fd)
     {
         close();
         m_fd = fd;
     }
-
-    /// Leaves the closing to the caller.
-    int release() { return std::exchange(m_fd, -1); }
 
     /// False when the system reports a delayed write error.
     bool close() { return m_fd < 0 || ::close(std::exchange(m_fd, -1)) == 0; }

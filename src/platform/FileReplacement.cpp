@@ -118,6 +118,7 @@ tl::expected<FileReplacement::Way, FileError> FileReplacement::prepare(const QSt
     }
 
     m_old.reset(exists ? ::open(m_targetName.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK) : -1);
+
     m_hiddenName = temporaryName(m_folder);
     m_file.reset(openTemporary(m_folder, m_hiddenName, m_hasHiddenFile));
     if (!m_file.isOpen()) {
@@ -158,6 +159,13 @@ tl::expected<void, FileError> FileReplacement::rename()
     return {};
 }
 
+void FileReplacement::closeOldInBackground()
+{
+    if (m_old.isOpen()) {
+        QThreadPool::globalInstance()->start([fd = m_old.release()] { ::close(fd); });
+    }
+}
+
 bool FileReplacement::exchange()
 {
     return ::renameat2(AT_FDCWD, m_hiddenName.constData(), AT_FDCWD, m_targetName.constData(), RENAME_EXCHANGE) == 0;
@@ -167,13 +175,6 @@ bool FileReplacement::isNewContent(const QByteArray& name) const
 {
     struct stat info = {};
     return ::stat(name.constData(), &info) == 0 && info.st_ino == m_info.st_ino && info.st_dev == m_info.st_dev;
-}
-
-void FileReplacement::releaseInBackground()
-{
-    if (m_old.isOpen()) {
-        QThreadPool::globalInstance()->start([fd = m_old.release()] { ::close(fd); });
-    }
 }
 
 void FileReplacement::flushFolder() const

@@ -37,13 +37,13 @@ public:
 
     /// Renames the new content over the file.
     tl::expected<void, FileError> rename();
+    /// After the rename, closes the last descriptor of the replaced file off the caller's thread. The system frees the
+    /// file then, and lets whoever closes it wait until the disk has taken what it once held.
+    void closeOldInBackground();
     /// Swaps the two names; `errno` tells why when it returns false.
     bool exchange();
     /// True when the file at `name` is the new content's.
     bool isNewContent(const QByteArray& name) const;
-    /// Lets go of the file that was replaced, off the caller's thread: the system frees it then, and lets whoever lets
-    /// go of it last wait until the disk has taken what it once held.
-    void releaseInBackground();
     /// Waits until the names in the folder are on disk. A file system that cannot is none the worse.
     void flushFolder() const;
 

@@ -58,7 +58,7 @@ tl::expected<void, FileError> replaceFile(const QString& path, const QByteArray&
     if (flush == Flush::ToDisk) {
         replacement.flushFolder();
     } else {
-        replacement.releaseInBackground();
+        replacement.closeOldInBackground();
     }
     return {};
 }
