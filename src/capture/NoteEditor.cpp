@@ -56,7 +56,8 @@ void NoteEditor::keyPressEvent(QKeyEvent* event)
 {
     const bool isTab = event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab;
     if (isTab && event->modifiers().testFlag(Qt::ControlModifier)) {
-        focusNextPrevChild(event->key() == Qt::Key_Tab && !event->modifiers().testFlag(Qt::ShiftModifier));
+        // Not QTextEdit's own, which refuses because Tab types.
+        QWidget::focusNextPrevChild(event->key() == Qt::Key_Tab && !event->modifiers().testFlag(Qt::ShiftModifier));
         return;
     }
     // QTextEdit answers Return on an empty line by dropping the line's format instead of starting a new one.

@@ -58,6 +58,8 @@ public:
 
     bool holdsFocus() const { return m_star->hasFocus() || m_trash->hasFocus(); }
     void focusTrash() { m_trash->setFocus(Qt::TabFocusReason); }
+    QWidget* star() const { return m_star; }
+    QWidget* trash() const { return m_trash; }
 
     const QUuid id;
 
@@ -87,10 +89,14 @@ QuickTagsStep::QuickTagsStep(SetupWizardModel& model, QWidget* parent)
                "default."),
             TextRole::Body, &Theme::text2, 4);
     addList();
+    showTags();
     addForm();
+    showForm();
     finish();
-    showModel();
-    connect(&model, &SetupWizardModel::changed, this, &QuickTagsStep::showModel);
+    connect(&model, &SetupWizardModel::changed, this, [this] {
+        showTags();
+        showForm();
+    });
 }
 
 void QuickTagsStep::addList()
@@ -110,19 +116,19 @@ void QuickTagsStep::addForm()
     m_newIcon->setForIcon();
     m_newText = new TextField(tr("New tag text"));
     m_newText->setPlaceholderText(QStringLiteral("#tag/name"));
-    auto* addButton = new IconButton(tr("Add tag"));
-    addButton->setSymbol(QStringLiteral("plus.circle.fill"), 24);
-    addButton->setColor(&Theme::mark);
+    m_addButton = new IconButton(tr("Add tag"));
+    m_addButton->setSymbol(QStringLiteral("plus.circle.fill"), 24);
+    m_addButton->setColor(&Theme::mark);
 
     auto* row = new QHBoxLayout;
     row->setSpacing(8);
     row->addWidget(m_newIcon);
     row->addWidget(m_newText, 1);
-    row->addWidget(addButton);
+    row->addWidget(m_addButton);
     add(row, 4);
-    connect(m_newIcon, &TextField::textEdited, &m_model, &SetupWizardModel::setNewTagIcon);
-    connect(m_newText, &TextField::textEdited, &m_model, &SetupWizardModel::setNewTagText);
-    connect(addButton, &IconButton::clicked, this, &QuickTagsStep::addNewTag);
+    connect(m_newIcon, &TextField::textChanged, &m_model, &SetupWizardModel::setNewTagIcon);
+    connect(m_newText, &TextField::textChanged, &m_model, &SetupWizardModel::setNewTagText);
+    connect(m_addButton, &IconButton::clicked, this, &QuickTagsStep::addNewTag);
 }
 
 void QuickTagsStep::addNewTag()
@@ -149,7 +155,7 @@ void QuickTagsStep::keyPressEvent(QKeyEvent* event)
     StepColumn::keyPressEvent(event);
 }
 
-void QuickTagsStep::showModel()
+void QuickTagsStep::showTags()
 {
     removeMissingRows();
     const QList<QuickTag>& tags = m_model.quickTags();
@@ -157,11 +163,33 @@ void QuickTagsStep::showModel()
         if (i < m_rows.size()) {
             m_rows[i]->showTag(tags[i]);
         } else {
-            m_rows.append(new TagRow(m_model, tags[i]));
-            m_list->layout()->addWidget(m_rows.last());
+            addRow(tags[i]);
         }
     }
     m_list->setVisible(!tags.isEmpty());
+}
+
+void QuickTagsStep::addRow(const QuickTag& tag)
+{
+    auto* row = new TagRow(m_model, tag);
+    m_list->layout()->addWidget(row);
+    m_rows.append(row);
+    if (m_newIcon == nullptr) {
+        return;
+    }
+    // One that comes after the form was made still stands before it.
+    QWidget* former = m_rows.size() > 1 ? m_rows[m_rows.size() - 2]->trash() : nullptr;
+    if (former != nullptr) {
+        setTabOrder(former, row->star());
+    }
+    setTabOrder(row->star(), row->trash());
+    setTabOrder(row->trash(), m_newIcon);
+    setTabOrder(m_newIcon, m_newText);
+    setTabOrder(m_newText, m_addButton);
+}
+
+void QuickTagsStep::showForm()
+{
     for (const auto& [field, text] : {std::pair{m_newIcon, m_model.newTagIcon()}, {m_newText, m_model.newTagText()}}) {
         if (field->text() != text) {
             field->setText(text);

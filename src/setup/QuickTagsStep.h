@@ -9,6 +9,7 @@
 namespace flitmark {
 
 class Card;
+class IconButton;
 class SetupWizardModel;
 class TextField;
 
@@ -30,7 +31,9 @@ private:
     void addList();
     void addForm();
     void addNewTag();
-    void showModel();
+    void showTags();
+    void addRow(const QuickTag& tag);
+    void showForm();
     void removeMissingRows();
 
     SetupWizardModel& m_model;
@@ -38,6 +41,7 @@ private:
     Card* m_list = nullptr;
     TextField* m_newIcon = nullptr;
     TextField* m_newText = nullptr;
+    IconButton* m_addButton = nullptr;
 };
 
 } // namespace flitmark

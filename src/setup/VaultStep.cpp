@@ -111,17 +111,17 @@ void VaultStep::addCustomPath()
     row->addWidget(m_customPath, 1);
     row->addWidget(browse);
     add(m_customPathRow, 0);
-    connect(m_customPath, &TextField::textEdited, &m_model, &SetupWizardModel::setCustomVaultPath);
+    connect(m_customPath, &TextField::textChanged, &m_model, &SetupWizardModel::setCustomVaultPath);
     connect(browse, &Button::clicked, this, &VaultStep::browseForFolder);
 
     m_problemRow = new QWidget;
     auto* problem = new QHBoxLayout(m_problemRow);
     problem->setContentsMargins(0, 8, 0, 0);
     problem->setSpacing(4);
-    m_problemSymbol = new SymbolView(QStringLiteral("exclamationmark.triangle.fill"), 16, &Theme::orange);
+    auto* symbol = new SymbolView(QStringLiteral("exclamationmark.triangle.fill"), 16, &Theme::orange);
     m_problem = new Label({}, TextRole::Caption);
     m_problem->setWordWrap(true);
-    problem->addWidget(m_problemSymbol, 0, Qt::AlignTop);
+    problem->addWidget(symbol, 0, Qt::AlignTop);
     problem->addWidget(m_problem, 1);
     add(m_problemRow, 0);
 }
@@ -134,7 +134,7 @@ void VaultStep::addSubfolder()
     m_subfolder->setPlaceholderText(QStringLiteral("Inbox"));
     add(m_subfolder, 4);
     m_destination = addText({}, TextRole::Caption, &Theme::text2, 8);
-    connect(m_subfolder, &TextField::textEdited, &m_model, &SetupWizardModel::setSaveSubfolder);
+    connect(m_subfolder, &TextField::textChanged, &m_model, &SetupWizardModel::setSaveSubfolder);
 }
 
 void VaultStep::browseForFolder()
@@ -164,10 +164,10 @@ void VaultStep::showModel()
 
 void VaultStep::showProblem()
 {
-    const QString problem = m_model.useCustomPath() ? m_model.vaultPathProblem() : QString();
-    m_problem->setText(problem);
     // An empty field is a step not done yet, no mistake.
-    m_problemSymbol->setVisible(!m_model.customVaultPath().isEmpty());
+    const bool isGiven = m_model.useCustomPath() && !m_model.customVaultPath().isEmpty();
+    const QString problem = isGiven ? m_model.vaultPathProblem() : QString();
+    m_problem->setText(problem);
     m_problemRow->setVisible(!problem.isEmpty());
 }
 

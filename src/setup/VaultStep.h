@@ -11,7 +11,6 @@ class CheckBox;
 class Dialogs;
 class ListRow;
 class SetupWizardModel;
-class SymbolView;
 class TextField;
 
 /// The wizard's second step: which vault, and which folder in it.
@@ -40,7 +39,6 @@ private:
     QWidget* m_customPathRow = nullptr;
     TextField* m_customPath = nullptr;
     QWidget* m_problemRow = nullptr;
-    SymbolView* m_problemSymbol = nullptr;
     Label* m_problem = nullptr;
     TextField* m_subfolder = nullptr;
     Label* m_destination = nullptr;

@@ -9,12 +9,7 @@ namespace flitmark {
 
 StatusLine::StatusLine()
     : m_label(new Label(QString(), TextRole::Strong))
-    , m_visibility([this] {
-        m_label->setOpacity(m_visibility.value());
-        if (m_visibility.value() == 0) {
-            m_label->clear();
-        }
-    })
+    , m_visibility([this] { follow(); })
 {
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins({});
@@ -25,6 +20,7 @@ StatusLine::StatusLine()
 
 void StatusLine::show(const QString& message, ColorToken color)
 {
+    m_isFading = false;
     m_label->setText(message);
     m_label->setColor(color);
     m_visibility.moveTo(1, motion::stepMilliseconds);
@@ -32,7 +28,18 @@ void StatusLine::show(const QString& message, ColorToken color)
 
 void StatusLine::fade()
 {
+    m_isFading = true;
     m_visibility.moveTo(0, motion::stepMilliseconds);
+    // A message that had no time to come up makes no way to go.
+    follow();
+}
+
+void StatusLine::follow()
+{
+    m_label->setOpacity(m_visibility.value());
+    if (m_visibility.value() == 0 && m_isFading) {
+        m_label->clear();
+    }
 }
 
 } // namespace flitmark

@@ -23,8 +23,11 @@ public:
     void fade();
 
 private:
+    void follow();
+
     Label* m_label;
     Glide m_visibility;
+    bool m_isFading = false;
 };
 
 } // namespace flitmark
