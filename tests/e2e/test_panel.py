@@ -6,13 +6,13 @@ import math
 import unittest
 
 from desktop.case import DesktopCase
-from desktop.screen import DRAG_STEP
+from desktop.screen import DRAG_STEP, TAKE_OVER_STEPS
 from desktop.waiting import wait_until
 
 MARGIN = 12
 
-# How far a drag that the window manager takes over may miss.
-TOLERANCE = 3 * DRAG_STEP
+# How far a drag may miss that the window manager takes over: the way until it does, and a step.
+TOLERANCE = (TAKE_OVER_STEPS + 1) * DRAG_STEP
 
 # From the corner of the panel to where its rounded edge can be grasped.
 GRIP = 7
