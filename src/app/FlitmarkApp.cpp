@@ -9,6 +9,8 @@ namespace flitmark {
 FlitmarkApp::FlitmarkApp(int& argc, char** argv)
     : m_application(argc, argv)
 {
+    // What we do not draw ourselves, such as the menus of text fields, looks alike everywhere.
+    QApplication::setStyle(QStringLiteral("Fusion"));
     QGuiApplication::setDesktopFileName(QStringLiteral("org.flitmark.Flitmark"));
     QCoreApplication::setApplicationName(QStringLiteral("flitmark"));
     QCoreApplication::setApplicationVersion(QStringLiteral(FLITMARK_VERSION));

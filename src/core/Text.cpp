@@ -7,12 +7,15 @@ namespace flitmark {
 
 bool isSpace(QChar c)
 {
-    return c == u'\t' || c.category() == QChar::Separator_Space;
+    return c.unicode() < 0x80 ? c == u' ' || c == u'\t' : c.category() == QChar::Separator_Space;
 }
 
 bool isLineBreak(QChar c)
 {
     const char16_t u = c.unicode();
+    if (u > 0x0D && u < 0x85) {
+        return false;
+    }
     return (u >= 0x0A && u <= 0x0D) || u == 0x85 || u == 0x2028 || u == 0x2029;
 }
 
@@ -42,21 +45,82 @@ QStringView trimSpacesAndNewlines(QStringView text)
     return trim(text, [](QChar c) { return isSpace(c) || isLineBreak(c); });
 }
 
+std::optional<qint64> parseInteger(QStringView text)
+{
+    const bool isNegative = text.startsWith(u'-');
+    if (isNegative || text.startsWith(u'+')) {
+        text = text.sliced(1);
+    }
+    if (text.isEmpty()) {
+        return std::nullopt;
+    }
+    qint64 value = 0;
+    for (const QChar c : text) {
+        if (c < u'0' || c > u'9') {
+            return std::nullopt;
+        }
+        // Counted downwards, since the smallest number has no positive counterpart.
+        if (__builtin_mul_overflow(value, 10, &value) || __builtin_sub_overflow(value, c.unicode() - u'0', &value)) {
+            return std::nullopt;
+        }
+    }
+    if (!isNegative && __builtin_sub_overflow(0, value, &value)) {
+        return std::nullopt;
+    }
+    return value;
+}
+
+namespace {
+
+/// The index of the first line break in `text`, or its size.
+qsizetype findLineBreak(QStringView text)
+{
+    const char16_t* const units = text.utf16();
+    const qsizetype size = text.size();
+    qsizetype i = 0;
+    // Whole blocks without a branch per character, which compilers turn into vector instructions.
+    constexpr qsizetype block = 16;
+    for (; i + block <= size; i += block) {
+        quint16 found = 0;
+        for (qsizetype j = 0; j < block; ++j) {
+            const quint16 u = units[i + j];
+            const bool isBreak = (static_cast<quint16>(u - 0x0AU) <= 3U) | (u == 0x85U) | ((u & 0xFFFEU) == 0x2028U);
+            found = static_cast<quint16>(found | static_cast<quint16>(isBreak));
+        }
+        if (found != 0) {
+            break;
+        }
+    }
+    while (i < size && !isLineBreak(text[i])) {
+        ++i;
+    }
+    return i;
+}
+
+} // namespace
+
+bool LineReader::next()
+{
+    if (m_isAtEnd) {
+        return false;
+    }
+    const qsizetype end = findLineBreak(m_rest);
+    m_line = m_rest.first(end);
+    ++m_number;
+    m_isAtEnd = end == m_rest.size();
+    if (!m_isAtEnd) {
+        const bool isPair = m_rest[end] == u'\r' && end + 1 < m_rest.size() && m_rest[end + 1] == u'\n';
+        m_rest = m_rest.sliced(end + (isPair ? 2 : 1));
+    }
+    return true;
+}
+
 QList<QStringView> splitLines(QStringView text)
 {
     QList<QStringView> lines;
-    qsizetype start = 0;
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        if (!isLineBreak(text[i])) {
-            continue;
-        }
-        lines.append(text.sliced(start, i - start));
-        if (text[i] == u'\r' && i + 1 < text.size() && text[i + 1] == u'\n') {
-            ++i;
-        }
-        start = i + 1;
+    for (LineReader reader(text); reader.next();) {
+        lines.append(reader.line());
     }
-    lines.append(text.sliced(start));
     return lines;
 }
 

@@ -6,6 +6,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
+
 namespace flitmark {
 
 /// True for spaces and tabs: Unicode space separators and U+0009.
@@ -19,6 +21,33 @@ QStringView trimSpaces(QStringView text);
 
 /// `text` without spaces, tabs and line breaks at either end.
 QStringView trimSpacesAndNewlines(QStringView text);
+
+/// The whole number that `text` is: an optional sign and ASCII digits, nothing else. Nothing when it is anything else
+/// or does not fit.
+std::optional<qint64> parseInteger(QStringView text);
+
+/// Walks the lines of a text from the first to the last, in the way of `splitLines`, without storing them.
+class LineReader
+{
+public:
+    explicit LineReader(QStringView text)
+        : m_rest(text)
+    {
+    }
+
+    /// Moves to the next line; false after the last one.
+    bool next();
+    /// The line itself, without its break. It points into the text.
+    QStringView line() const { return m_line; }
+    /// The line's index, from 0; -1 before the first `next()`.
+    qint64 number() const { return m_number; }
+
+private:
+    QStringView m_rest;
+    QStringView m_line;
+    qint64 m_number = -1;
+    bool m_isAtEnd = false;
+};
 
 /// Cuts `text` at every line break, CR LF being one. A text that ends with a break has an empty last line, so the
 /// result is never empty. The views point into `text`.

@@ -34,6 +34,23 @@ enum class Flush { ToDisk, Later };
 /// On failure the file is as it was and nothing else is left behind.
 tl::expected<void, FileError> replaceFile(const QString& path, const QByteArray& bytes, Flush flush = Flush::ToDisk);
 
+/// What came of `replaceFileIfUnchanged`.
+enum class ReplaceOutcome {
+    Replaced,
+    /// The file held something else and stayed as it was.
+    Changed,
+};
+
+/// Makes `bytes` the content of the file at `path` in the way of `replaceFile`, flushed to disk, but only while it
+/// holds `expected`. The file must be there.
+///
+/// What other programs write at the same time is not lost: one that has the file open for writing is waited for (a
+/// moment), one that opens it meanwhile is made to wait by the system, and a file that was renamed over this one in the
+/// last moment is put back. Where the file system or its rights give no such hold on a file, a short moment remains in
+/// which a write into the open file goes unseen.
+tl::expected<ReplaceOutcome, FileError> replaceFileIfUnchanged(const QString& path, const QByteArray& expected,
+                                                               const QByteArray& bytes);
+
 /// Rewrites the file at `path` in place, creating it if needed, so that whoever holds it open sees the new content. On
 /// a full disk the file stays as it was.
 tl::expected<void, FileError> overwriteFile(const QString& path, const QByteArray& bytes);

@@ -23,7 +23,7 @@ public:
     using Task = std::function<void()>;
     using Duration = std::chrono::milliseconds;
 
-    /// A repeating timer. It runs until it is destroyed.
+    /// A repeating timer. It runs until it is destroyed, which its own task may do.
     class Timer
     {
     public:

@@ -1,0 +1,63 @@
+// SPDX-FileCopyrightText: 2026 The Flitmark authors
+// SPDX-License-Identifier: MIT
+
+#include <core/ObsidianLink.h>
+
+#include <QStringEncoder>
+
+namespace flitmark {
+
+namespace {
+
+bool staysAsItIs(char32_t c)
+{
+    return QChar::isLetterOrNumber(c) || QChar::isMark(c) || c == U'-' || c == U'.' || c == U'_' || c == U'~' ||
+           c == U'/';
+}
+
+/// `text` with percent escapes for all but letters, digits and a few signs; nothing when it is not valid text.
+std::optional<QString> percentEncoded(const QString& text)
+{
+    QString encoded;
+    QStringEncoder toUtf8(QStringEncoder::Utf8, QStringConverter::Flag::Stateless);
+    const QList<uint> characters = text.toUcs4();
+    for (const char32_t c : characters) {
+        const QString character = QString::fromUcs4(&c, 1);
+        if (staysAsItIs(c)) {
+            encoded += character;
+            continue;
+        }
+        const QByteArray bytes = toUtf8(character);
+        if (toUtf8.hasError()) {
+            return std::nullopt;
+        }
+        for (const char byte : bytes) {
+            encoded += QStringLiteral("%%1").arg(static_cast<unsigned char>(byte), 2, 16, QLatin1Char('0')).toUpper();
+        }
+    }
+    return encoded;
+}
+
+} // namespace
+
+std::optional<QUrl> obsidianLink(QString vaultPath, QString notePath)
+{
+    while (vaultPath.endsWith(u'/')) {
+        vaultPath.chop(1);
+    }
+    if (notePath.startsWith(vaultPath + u'/')) {
+        notePath.remove(0, vaultPath.size() + 1);
+    }
+    if (notePath.endsWith(QStringLiteral(".md"))) {
+        notePath.chop(3);
+    }
+    const std::optional<QString> vault = percentEncoded(vaultPath.sliced(vaultPath.lastIndexOf(u'/') + 1));
+    const std::optional<QString> note = percentEncoded(notePath);
+    if (!vault || !note || !notePath.isValidUtf16() || !vaultPath.isValidUtf16()) {
+        return std::nullopt;
+    }
+    QUrl url(QStringLiteral("obsidian://open?vault=") + *vault + QStringLiteral("&file=") + *note, QUrl::StrictMode);
+    return url.isValid() ? std::optional(std::move(url)) : std::nullopt;
+}
+
+} // namespace flitmark

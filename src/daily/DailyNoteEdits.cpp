@@ -1,0 +1,234 @@
+// SPDX-FileCopyrightText: 2026 The Flitmark authors
+// SPDX-License-Identifier: MIT
+
+#include <core/Text.h>
+#include <daily/DailyNoteEdits.h>
+#include <daily/NoteLines.h>
+
+#include <QTextBoundaryFinder>
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace flitmark {
+
+namespace {
+
+using Lines = DailyNoteEdits::Lines;
+using Kind = LineChange::Kind;
+
+constexpr qint64 dailyTarget = 8;
+
+bool isValidLine(const Lines& lines, qint64 line)
+{
+    return line >= 0 && line < lines.size();
+}
+
+bool isSectionNamed(QStringView trimmed, QStringView word)
+{
+    return sectionHeading(trimmed) && LowerCased(trimmed).contains(word);
+}
+
+LineChanges replacement(qint64 line, const QString& text)
+{
+    return {{Kind::Replace, line, text}};
+}
+
+/// The line that holds the focus: the first text below a focus heading.
+std::optional<qsizetype> focusLine(const Lines& lines)
+{
+    FrontMatter frontMatter;
+    bool isInside = false;
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        const QStringView trimmed = trimSpaces(lines[i]);
+        if (frontMatter.hides(trimmed)) {
+            continue;
+        }
+        if (isSectionNamed(trimmed, u"focus")) {
+            isInside = true;
+        } else if (isInside && sectionHeading(trimmed)) {
+            return std::nullopt;
+        } else if (isInside && !trimmed.isEmpty() && !trimmed.startsWith(u'#')) {
+            return i;
+        }
+    }
+    return std::nullopt;
+}
+
+/// Calls `visit` with the position of every tomato in `line` that is a character of its own.
+template<typename Visit>
+void forEachTomato(QStringView line, Visit visit)
+{
+    if (!line.contains(tomato)) {
+        return;
+    }
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, line);
+    for (qsizetype start = 0, end = finder.toNextBoundary(); end >= 0; start = end, end = finder.toNextBoundary()) {
+        if (line.sliced(start, end - start) == tomato) {
+            visit(start);
+        }
+    }
+}
+
+} // namespace
+
+LineChanges DailyNoteEdits::updateFocus(const Lines& lines, const QString& newFocus)
+{
+    if (const auto old = focusLine(lines)) {
+        const QString stars = lines[*old].contains(u"**") ? QStringLiteral("**") : QString();
+        return replacement(*old, stars + newFocus + stars);
+    }
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        if (lines[i].contains(u"## ") && LowerCased(lines[i]).contains(u"focus")) {
+            return {{Kind::Insert, i + 1, QString()}, {Kind::Insert, i + 1, newFocus}};
+        }
+    }
+    return {};
+}
+
+LineChanges DailyNoteEdits::addPomodoroEntry(const Lines& lines, qint64 number, const QString& time,
+                                             const QString& focus)
+{
+    LineChanges changes;
+    FrontMatter frontMatter;
+    bool isInside = false;
+    bool hasRow = false;
+    qsizetype rowAt = 0;
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        const QStringView trimmed = trimSpaces(lines[i]);
+        if (frontMatter.hides(trimmed)) {
+            continue;
+        }
+        if (isSectionNamed(trimmed, u"pomodoro")) {
+            isInside = true;
+        } else if (!isInside) {
+            continue;
+        } else if (trimmed.contains(u"Today:")) {
+            changes.append(
+                {Kind::Replace, i, QStringLiteral("**Today:** %1/%2 completed").arg(number).arg(dailyTarget)});
+        } else if (trimmed.startsWith(u'|')) {
+            rowAt = i + 1;
+            hasRow = hasRow || !trimmed.contains(u"---");
+        } else if (sectionHeading(trimmed)) {
+            break;
+        }
+    }
+    if (hasRow) {
+        const auto after =
+            std::find_if(changes.cbegin(), changes.cend(), [&](const auto& c) { return c.line >= rowAt; });
+        changes.insert(after, {Kind::Insert, rowAt,
+                               QStringLiteral("| ") + QString::number(number) + QStringLiteral(" | ") + time +
+                                   QStringLiteral(" | ") + focus + QStringLiteral(" |")});
+    }
+    return changes;
+}
+
+std::optional<LineChanges> DailyNoteEdits::toggleTask(const Lines& lines, qint64 line)
+{
+    if (!isValidLine(lines, line) || !containsTaskMarker(lines[line])) {
+        return std::nullopt;
+    }
+    const auto open = QStringLiteral("- [ ]");
+    const auto ticked = QStringLiteral("- [x]");
+    QString text = lines[line].toString();
+    if (text.contains(open)) {
+        text.replace(open, ticked);
+    } else {
+        text.replace(ticked, open).replace(QStringLiteral("- [X]"), open);
+    }
+    return replacement(line, text);
+}
+
+std::optional<LineChanges> DailyNoteEdits::addNewTask(const Lines& lines, const QString& text)
+{
+    std::optional<qsizetype> at;
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        const QStringView trimmed = trimSpaces(lines[i]);
+        if (isSectionNamed(trimmed, u"task") || isSectionNamed(trimmed, u"scheduled")) {
+            at = i + 1;
+        } else if (at && sectionHeading(trimmed)) {
+            break;
+        } else if (at && containsTaskMarker(lines[i])) {
+            at = i + 1;
+        }
+    }
+    if (!at) {
+        return std::nullopt;
+    }
+    return LineChanges{{Kind::Insert, *at, QStringLiteral("- [ ] ") + text}};
+}
+
+std::optional<LineChanges> DailyNoteEdits::addPomodoroToTask(const Lines& lines, qint64 line)
+{
+    if (!isValidLine(lines, line) || !containsTaskMarker(lines[line])) {
+        return std::nullopt;
+    }
+    return replacement(line, lines[line].toString().append(u' ').append(tomato));
+}
+
+std::optional<LineChanges> DailyNoteEdits::removePomodoroFromTask(const Lines& lines, qint64 line)
+{
+    if (!isValidLine(lines, line) || !containsTaskMarker(lines[line])) {
+        return std::nullopt;
+    }
+    const QStringView old = lines[line];
+    std::optional<qsizetype> last;
+    std::optional<qsizetype> lastAfterSpace;
+    forEachTomato(old, [&](qsizetype at) {
+        last = at;
+        if (at > 0 && old[at - 1] == u' ') {
+            lastAfterSpace = at;
+        }
+    });
+    if (!last) {
+        return std::nullopt;
+    }
+    const qsizetype end = lastAfterSpace.value_or(*last) + QStringView(tomato).size();
+    const qsizetype start = lastAfterSpace ? *lastAfterSpace - 1 : *last;
+    return replacement(line, old.first(start).toString().append(old.sliced(end)));
+}
+
+qint64 DailyNoteEdits::pomodoroCount(QStringView line)
+{
+    qint64 count = 0;
+    forEachTomato(line, [&](qsizetype) { ++count; });
+    return count;
+}
+
+std::optional<qint64> DailyNoteEdits::findLine(const Lines& lines, QStringView text, qint64 near)
+{
+    std::optional<qint64> nearest;
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        if (lines[i] == text && (!nearest || std::abs(i - near) < std::abs(*nearest - near))) {
+            nearest = i;
+        }
+    }
+    return nearest;
+}
+
+QString DailyNoteEdits::apply(const Lines& lines, const LineChanges& changes)
+{
+    QString text;
+    qsizetype size = lines.size();
+    for (const QStringView line : lines) {
+        size += line.size();
+    }
+    text.reserve(size + 256);
+    const auto append = [&text](QStringView line) { text.append(line).append(u'\n'); };
+
+    auto change = changes.cbegin();
+    for (qsizetype i = 0; i <= lines.size(); ++i) {
+        bool isReplaced = false;
+        for (; change != changes.cend() && change->line == i; ++change) {
+            append(change->text);
+            isReplaced = isReplaced || change->kind == Kind::Replace;
+        }
+        if (!isReplaced && i < lines.size()) {
+            append(lines[i]);
+        }
+    }
+    text.chop(1);
+    return text;
+}
+
+} // namespace flitmark

@@ -1,0 +1,162 @@
+// SPDX-FileCopyrightText: 2026 The Flitmark authors
+// SPDX-License-Identifier: MIT
+
+#include <config/ConfigManager.h>
+#include <core/ObsidianLink.h>
+#include <daily/DailyNoteManager.h>
+#include <daily/DailyNoteParser.h>
+#include <daily/NoteBytes.h>
+#include <platform/Files.h>
+#include <platform/Print.h>
+#include <platform/RunLoop.h>
+#include <platform/Workspace.h>
+
+#include <QDir>
+#include <QFileInfo>
+#include <QLocale>
+
+namespace flitmark {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+// Long enough for an editor to finish what it is writing.
+constexpr auto reloadDelay = 500ms;
+
+} // namespace
+
+DailyNoteManager::DailyNoteManager(const Services& services)
+    : m_configManager(services.configManager)
+    , m_signalManager(services.signalManager)
+    , m_runLoop(services.runLoop)
+    , m_fileEvents(services.fileEvents)
+    , m_workspace(services.workspace)
+{
+    loadTodayNote();
+}
+
+DailyNoteManager::~DailyNoteManager()
+{
+    // Before anything else goes: the watch calls from another thread.
+    m_fileWatcher.reset();
+}
+
+QString DailyNoteManager::getTodayNotePath() const
+{
+    QString vault = m_configManager.config().vaultPath;
+    while (vault.endsWith(u'/')) {
+        vault.chop(1);
+    }
+    const QDate today = m_runLoop.now().date();
+    const QLocale locale;
+    const QString path = vault + QStringLiteral("/Daily/") + locale.toString(today, u"yyyy") + u'/' +
+                         locale.toString(today, u"yyyy-MM-dd") + QStringLiteral(".md");
+    return QDir::isAbsolutePath(path) ? path : QDir::currentPath() + u'/' + path;
+}
+
+void DailyNoteManager::openInObsidian()
+{
+    if (const auto link = obsidianLink(m_configManager.config().vaultPath, m_todayNote.path)) {
+        m_workspace.open(*link);
+    }
+}
+
+DailyNoteManager::Parsed DailyNoteManager::parseMarkdown(const QString& content)
+{
+    return parseDailyNote(content);
+}
+
+tl::expected<DailyNoteManager::Loaded, QString> DailyNoteManager::readNote(const QString& path)
+{
+    auto bytes = readFile(path);
+    if (!bytes) {
+        return tl::unexpected(bytes.error().message);
+    }
+    std::optional<QString> text = noteText(*bytes);
+    if (!text) {
+        return tl::unexpected(QStringLiteral("The file is not valid UTF-8 text."));
+    }
+    Loaded loaded;
+    static_cast<ParsedDailyNote&>(loaded.note) = parseDailyNote(*text);
+    loaded.note.path = path;
+    loaded.note.exists = true;
+    loaded.note.content = *std::move(text);
+    loaded.bytes = *std::move(bytes);
+    return loaded;
+}
+
+void DailyNoteManager::loadTodayNote()
+{
+    setLoading(true);
+    setLastError(std::nullopt);
+    const QString path = getTodayNotePath();
+    if (!QFileInfo::exists(path)) {
+        Loaded missing;
+        missing.note.path = path;
+        missing.note.focus = QStringLiteral("No daily note for today");
+        m_runLoop.async(this, [this, missing] { publish(missing); });
+        return;
+    }
+    // Opened before the note is read, so that nothing written from now on goes unseen.
+    Watch watch = openWatch(path);
+    const auto loaded = readNote(path);
+    if (!loaded) {
+        m_runLoop.async(this, [this, reason = loaded.error()] {
+            setLastError(QStringLiteral("Failed to load daily note: ") + reason);
+            setLoading(false);
+        });
+        return;
+    }
+    m_runLoop.async(this, [this, found = *loaded] { publish(found); });
+    adoptWatch(std::move(watch));
+}
+
+void DailyNoteManager::publish(Loaded loaded)
+{
+    m_todayNote = std::move(loaded.note);
+    m_bytes = std::move(loaded.bytes);
+    m_editedTasks.clear();
+    Q_EMIT todayNoteChanged();
+    setLoading(false);
+}
+
+DailyNoteManager::Watch DailyNoteManager::openWatch(const QString& path)
+{
+    using Event = FileEventSource::Event;
+    const auto reload = [this, writes = m_writes] {
+        // A write of our own moves the old file away, and has been followed by what is due already.
+        if (writes == m_writes) {
+            m_runLoop.after(reloadDelay, this, [this] { loadTodayNote(); });
+        }
+    };
+    // The watch is cancelled before this object goes, so the handler always finds it there.
+    return m_fileEvents.open(path, Event::Written | Event::Grown | Event::Renamed,
+                             [this, reload](FileEventSource::Events) { m_runLoop.async(this, reload); });
+}
+
+void DailyNoteManager::adoptWatch(Watch watch)
+{
+    if (!watch) {
+        printLine(QStringLiteral("DailyNoteManager: Failed to open file for watching"));
+    }
+    m_fileWatcher = watch ? *std::move(watch) : nullptr;
+}
+
+void DailyNoteManager::setLoading(bool isLoading)
+{
+    if (m_isLoading != isLoading) {
+        m_isLoading = isLoading;
+        Q_EMIT isLoadingChanged();
+    }
+}
+
+void DailyNoteManager::setLastError(std::optional<QString> error)
+{
+    if (m_lastError != error) {
+        m_lastError = std::move(error);
+        Q_EMIT lastErrorChanged();
+    }
+}
+
+} // namespace flitmark

@@ -1,0 +1,137 @@
+// SPDX-FileCopyrightText: 2026 The Flitmark authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <daily/DailyNote.h>
+#include <daily/DailyNoteEdits.h>
+#include <platform/FileEventSource.h>
+
+#include <QHash>
+#include <QObject>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace flitmark {
+
+class ConfigManager;
+class RunLoop;
+class SignalManager;
+class Workspace;
+
+/// Owns today's daily note: finds it in the vault, loads it, watches its file and edits it.
+///
+/// The note is published one turn of the main loop after it was loaded, in the order of the loads. An edit changes only
+/// its own lines and writes the whole file as one. It is made on what the file holds at that moment, also when that is
+/// not what was loaded: a task is found again by its line's text, nearest to where it was. An edit that can't be done,
+/// or not be written, returns false and leaves the file as it was; where that needs saying, `lastError()` says why.
+/// Tasks are named by their `lineNumber` in the published note; any number may be given. Main thread only.
+class DailyNoteManager final : public QObject
+{
+    Q_OBJECT
+
+public:
+    using Parsed = ParsedDailyNote;
+
+    /// What the manager works with.
+    struct Services
+    {
+        const ConfigManager& configManager;
+        SignalManager& signalManager;
+        RunLoop& runLoop;
+        FileEventSources& fileEvents;
+        Workspace& workspace;
+    };
+
+    /// Loads today's note at once.
+    explicit DailyNoteManager(const Services& services);
+    ~DailyNoteManager() override;
+    Q_DISABLE_COPY_MOVE(DailyNoteManager)
+
+    static DailyNoteManager& shared();
+
+    const DailyNote& todayNote() const { return m_todayNote; }
+    /// From the start of a load until its result is published.
+    bool isLoading() const { return m_isLoading; }
+    /// Why the last load or edit failed; nothing once a load has begun.
+    const std::optional<QString>& lastError() const { return m_lastError; }
+    /// The descriptor that the note's file is watched on; -1 when it is not watched.
+    int watchedFileDescriptor() const { return m_fileWatcher ? m_fileWatcher->descriptor() : -1; }
+
+    /// Where today's note is, by the current date and the configured vault. It need not exist.
+    QString getTodayNotePath() const;
+
+    /// Opens the published note in Obsidian, whether it exists or not. Nothing is said of the outcome.
+    void openInObsidian();
+
+    static Parsed parseMarkdown(const QString& content);
+
+    /// Reads today's note and watches its file from now on. A file that can't be read keeps the note that is published
+    /// and the watch as they are; one that isn't there is no error.
+    void loadTodayNote();
+
+    /// Sets today's focus, in the note and for the coach.
+    bool updateFocus(const QString& newFocus);
+    /// Counts one more Pomodoro and logs it with the current time.
+    bool addPomodoroEntry(const QString& focus);
+    bool toggleTask(qint64 lineNumber);
+    bool addNewTask(const QString& text);
+    bool addPomodoroToTask(qint64 lineNumber);
+    bool removePomodoroFromTask(qint64 lineNumber);
+    /// How many tomatoes the line shows; 0 for a line that isn't there.
+    qint64 pomodoroCountForTask(qint64 lineNumber) const;
+
+Q_SIGNALS:
+    void todayNoteChanged();
+    void isLoadingChanged();
+    void lastErrorChanged();
+
+private:
+    /// A note together with the bytes of its file, which tell whether the file has changed since.
+    struct Loaded
+    {
+        DailyNote note;
+        QByteArray bytes;
+        /// The file held something else than the note that is published.
+        bool isFresh = false;
+    };
+    using Lines = DailyNoteEdits::Lines;
+    /// An edit of the lines of a note; an error is what to tell the user.
+    using Edit = std::function<tl::expected<LineChanges, QString>(const ParsedDailyNote& note, const Lines& lines)>;
+    using TaskEdit = std::optional<LineChanges> (*)(const Lines& lines, qint64 line);
+    using Watch = tl::expected<std::unique_ptr<FileEventSource>, FileError>;
+
+    static tl::expected<Loaded, QString> readNote(const QString& path);
+    Watch openWatch(const QString& path);
+    void adoptWatch(Watch watch);
+    void publish(Loaded loaded);
+    void setLoading(bool isLoading);
+    void setLastError(std::optional<QString> error);
+
+    /// Makes `edit` on what the file holds and writes it; the note as written, its parsed fields as before the edit.
+    /// `prefix` begins the message about a failure.
+    std::optional<Loaded> write(const QString& prefix, const Edit& edit);
+    tl::expected<Loaded, QString> tryToWrite(const QString& prefix, const Edit& edit, bool& isFresh);
+    bool writeAndReload(const QString& prefix, const Edit& edit);
+    bool editTask(const QString& prefix, qint64 lineNumber, TaskEdit edit);
+
+    const ConfigManager& m_configManager;
+    SignalManager& m_signalManager;
+    RunLoop& m_runLoop;
+    FileEventSources& m_fileEvents;
+    Workspace& m_workspace;
+    DailyNote m_todayNote;
+    /// The bytes of the file that `m_todayNote` was read from or written to.
+    QByteArray m_bytes;
+    bool m_isLoading = false;
+    std::optional<QString> m_lastError;
+    std::unique_ptr<FileEventSource> m_fileWatcher;
+    /// Tells the events of our own writes from those of others.
+    int m_writes = 0;
+    /// By line number, the texts of task lines that were edited since the note was published.
+    QHash<qint64, QString> m_editedTasks;
+};
+
+} // namespace flitmark

@@ -1,0 +1,200 @@
+// SPDX-FileCopyrightText: 2026 The Flitmark authors
+// SPDX-License-Identifier: MIT
+
+#include <core/Text.h>
+#include <daily/DailyNoteManager.h>
+#include <daily/DailyNoteParser.h>
+#include <daily/NoteBytes.h>
+#include <platform/Files.h>
+#include <platform/RunLoop.h>
+#include <signals/SignalManager.h>
+
+#include <QLocale>
+
+#include <limits>
+
+namespace flitmark {
+
+namespace {
+
+// Another program may write again and again while we try; it hardly does for this long.
+constexpr int maximumAttempts = 20;
+
+} // namespace
+
+tl::expected<DailyNoteManager::Loaded, QString> DailyNoteManager::tryToWrite(const QString& prefix, const Edit& edit,
+                                                                             bool& isFresh)
+{
+    Loaded base{m_todayNote, m_bytes};
+    for (int attempt = 0; attempt < maximumAttempts; ++attempt) {
+        const auto onDisk = readFile(base.note.path);
+        if (!onDisk) {
+            return tl::unexpected(prefix + onDisk.error().message);
+        }
+        if (*onDisk != base.bytes) {
+            isFresh = true;
+            auto fresh = readNote(base.note.path);
+            if (!fresh) {
+                return tl::unexpected(prefix + fresh.error());
+            }
+            base = *std::move(fresh);
+        }
+        const Lines lines = splitLines(base.note.content);
+        const auto changes = edit(base.note, lines);
+        if (!changes) {
+            return tl::unexpected(changes.error());
+        }
+        Loaded written = base;
+        written.note.content = DailyNoteEdits::apply(lines, *changes);
+        written.bytes = noteBytes(written.note.content, base.bytes);
+        written.isFresh = isFresh;
+        const auto outcome = replaceFileIfUnchanged(base.note.path, base.bytes, written.bytes);
+        if (!outcome) {
+            return tl::unexpected(prefix + outcome.error().message);
+        }
+        if (*outcome == ReplaceOutcome::Replaced) {
+            return written;
+        }
+    }
+    return tl::unexpected(prefix + QStringLiteral("Another program keeps changing the note."));
+}
+
+std::optional<DailyNoteManager::Loaded> DailyNoteManager::write(const QString& prefix, const Edit& edit)
+{
+    if (!m_todayNote.exists) {
+        return std::nullopt;
+    }
+    bool isFresh = false;
+    auto written = tryToWrite(prefix, edit, isFresh);
+    if (written) {
+        ++m_writes;
+        return *std::move(written);
+    }
+    if (isFresh) {
+        loadTodayNote();
+    }
+    setLastError(written.error());
+    return std::nullopt;
+}
+
+bool DailyNoteManager::writeAndReload(const QString& prefix, const Edit& edit)
+{
+    if (!write(prefix, edit)) {
+        return false;
+    }
+    loadTodayNote();
+    return true;
+}
+
+bool DailyNoteManager::updateFocus(const QString& newFocus)
+{
+    const auto edit = [&](const ParsedDailyNote&, const Lines& lines) -> tl::expected<LineChanges, QString> {
+        return DailyNoteEdits::updateFocus(lines, newFocus);
+    };
+    const std::optional<Loaded> written = write(QStringLiteral("Failed to update focus: "), edit);
+    if (!written) {
+        return false;
+    }
+    // The note is not loaded again, but its file is another one now.
+    adoptWatch(openWatch(written->note.path));
+    m_runLoop.async(this, [this, written = *written, newFocus] {
+        if (m_todayNote.path != written.note.path) {
+            return;
+        }
+        const auto lineCount = [](const QString& content) { return splitLines(content).size(); };
+        if (written.isFresh || lineCount(written.note.content) != lineCount(m_todayNote.content)) {
+            // The published tasks would name other lines.
+            static_cast<ParsedDailyNote&>(m_todayNote) = parseDailyNote(written.note.content);
+            m_editedTasks.clear();
+        }
+        m_todayNote.content = written.note.content;
+        m_todayNote.focus = newFocus;
+        m_bytes = written.bytes;
+        Q_EMIT todayNoteChanged();
+    });
+    m_signalManager.writeDailyFocus(newFocus, QStringLiteral("active"), m_todayNote.pomodoroCount);
+    return true;
+}
+
+bool DailyNoteManager::addPomodoroEntry(const QString& focus)
+{
+    const QString time = QLocale().toString(m_runLoop.now().time(), u"HH:mm");
+    return writeAndReload(QStringLiteral("Failed to add pomodoro entry: "),
+                          [&](const ParsedDailyNote& note, const Lines& lines) -> tl::expected<LineChanges, QString> {
+                              const qint64 number =
+                                  qMin(note.pomodoroCount, std::numeric_limits<qint64>::max() - 1) + 1;
+                              return DailyNoteEdits::addPomodoroEntry(lines, number, time, focus);
+                          });
+}
+
+bool DailyNoteManager::addNewTask(const QString& text)
+{
+    return writeAndReload(QStringLiteral("Failed to add new task: "),
+                          [&](const ParsedDailyNote&, const Lines& lines) -> tl::expected<LineChanges, QString> {
+                              auto changes = DailyNoteEdits::addNewTask(lines, text);
+                              if (!changes) {
+                                  return tl::unexpected(QStringLiteral("Could not find tasks section in daily note"));
+                              }
+                              return *std::move(changes);
+                          });
+}
+
+bool DailyNoteManager::editTask(const QString& prefix, qint64 lineNumber, TaskEdit edit)
+{
+    const Lines shown = splitLines(m_todayNote.content);
+    if (!m_todayNote.exists || lineNumber < 0 || lineNumber >= shown.size()) {
+        return false;
+    }
+    const QString line = m_editedTasks.value(lineNumber, shown[lineNumber].toString());
+    const std::optional<LineChanges> change = edit({line}, 0);
+    if (!change) {
+        return false;
+    }
+    const bool isWritten =
+        write(prefix, [&](const ParsedDailyNote&, const Lines& lines) -> tl::expected<LineChanges, QString> {
+            const auto found = DailyNoteEdits::findLine(lines, line, lineNumber);
+            if (!found) {
+                return tl::unexpected(prefix +
+                                      QStringLiteral("The note was changed by another program, and this task's "
+                                                     "line is no longer in it. Nothing was written."));
+            }
+            return *edit(lines, *found);
+        }).has_value();
+    if (isWritten) {
+        m_editedTasks.insert(lineNumber, change->first().text);
+        loadTodayNote();
+    }
+    return isWritten;
+}
+
+bool DailyNoteManager::toggleTask(qint64 lineNumber)
+{
+    return editTask(QStringLiteral("Failed to toggle task: "), lineNumber, DailyNoteEdits::toggleTask);
+}
+
+bool DailyNoteManager::addPomodoroToTask(qint64 lineNumber)
+{
+    return editTask(QStringLiteral("Failed to add pomodoro to task: "), lineNumber, DailyNoteEdits::addPomodoroToTask);
+}
+
+bool DailyNoteManager::removePomodoroFromTask(qint64 lineNumber)
+{
+    return editTask(QStringLiteral("Failed to remove pomodoro from task: "), lineNumber,
+                    DailyNoteEdits::removePomodoroFromTask);
+}
+
+qint64 DailyNoteManager::pomodoroCountForTask(qint64 lineNumber) const
+{
+    if (!m_todayNote.exists || lineNumber < 0) {
+        return 0;
+    }
+    LineReader reader(m_todayNote.content);
+    while (reader.next()) {
+        if (reader.number() == lineNumber) {
+            return DailyNoteEdits::pomodoroCount(reader.line());
+        }
+    }
+    return 0;
+}
+
+} // namespace flitmark

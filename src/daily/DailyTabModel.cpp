@@ -1,0 +1,189 @@
+// SPDX-FileCopyrightText: 2026 The Flitmark authors
+// SPDX-License-Identifier: MIT
+
+#include <checkin/CheckinWindowController.h>
+#include <core/Text.h>
+#include <daily/DailyNoteManager.h>
+#include <daily/DailyTabModel.h>
+#include <platform/NotificationCenter.h>
+#include <signals/SignalManager.h>
+
+#include <QLocale>
+
+#include <algorithm>
+
+namespace flitmark {
+
+DailyTabModel::DailyTabModel(const Services& services, DemoMode demoMode)
+    : m_services(services)
+    , m_demoMode(demoMode)
+{
+    connect(&services.dailyNoteManager, &DailyNoteManager::todayNoteChanged, this, &DailyTabModel::noteChanged);
+    connect(&services.dailyNoteManager, &DailyNoteManager::isLoadingChanged, this, &DailyTabModel::noteChanged);
+    connect(&services.signalManager, &SignalManager::coachConfigChanged, this, &DailyTabModel::intervalTextChanged);
+    connect(&services.signalManager, &SignalManager::currentAlertChanged, this, &DailyTabModel::followAlert);
+    connect(&services.checkinController, &CheckinWindowController::stateChanged, this,
+            &DailyTabModel::timerStateChanged);
+}
+
+void DailyTabModel::tabShown()
+{
+    m_isShown = true;
+    if (m_demoMode == DemoMode::Off) {
+        m_services.dailyNoteManager.loadTodayNote();
+    }
+    if (m_services.signalManager.currentAlert()) {
+        setShowCoachAlert(true);
+    }
+}
+
+void DailyTabModel::tabHidden()
+{
+    m_isShown = false;
+    disconnect(m_pomodoroCompletionObserver);
+}
+
+QString DailyTabModel::headerDate() const
+{
+    return QLocale().toString(m_services.runLoop.now().date(), u"dddd, MMM d");
+}
+
+DailyTabModel::Body DailyTabModel::body() const
+{
+    if (m_demoMode == DemoMode::On) {
+        return Body::Demo;
+    }
+    if (m_services.dailyNoteManager.isLoading()) {
+        return Body::Loading;
+    }
+    return m_services.dailyNoteManager.todayNote().exists ? Body::Note : Body::NoNote;
+}
+
+void DailyTabModel::refresh()
+{
+    m_services.dailyNoteManager.loadTodayNote();
+}
+
+void DailyTabModel::openInObsidian()
+{
+    m_services.dailyNoteManager.openInObsidian();
+}
+
+QString DailyTabModel::focusText() const
+{
+    return hasFocus() ? m_services.dailyNoteManager.todayNote().focus : tr("No focus set");
+}
+
+bool DailyTabModel::hasFocus() const
+{
+    return !m_services.dailyNoteManager.todayNote().focus.isEmpty();
+}
+
+QStringList DailyTabModel::coachNotes() const
+{
+    return m_services.dailyNoteManager.todayNote().coachNotes;
+}
+
+QStringList DailyTabModel::workDone() const
+{
+    QStringList entries = m_services.dailyNoteManager.todayNote().workDone;
+    std::reverse(entries.begin(), entries.end());
+    return entries;
+}
+
+void DailyTabModel::setEditedFocus(const QString& text)
+{
+    if (m_editedFocus != text) {
+        m_editedFocus = text;
+        Q_EMIT editedFocusChanged();
+    }
+}
+
+QString DailyTabModel::saveFocusTitle() const
+{
+    return isSettingNewFocus() ? tr("Start") : tr("Save");
+}
+
+void DailyTabModel::setFocusEditor(FocusEditor state)
+{
+    if (m_focusEditor != state) {
+        m_focusEditor = state;
+        Q_EMIT focusEditorChanged();
+    }
+}
+
+void DailyTabModel::editFocus()
+{
+    setEditedFocus(m_services.dailyNoteManager.todayNote().focus);
+    setFocusEditor(FocusEditor::Editing);
+}
+
+void DailyTabModel::markFocusDone()
+{
+    if (hasFocus()) {
+        setEditedFocus(QString());
+        setFocusEditor(FocusEditor::SettingNew);
+    }
+}
+
+void DailyTabModel::saveFocus()
+{
+    if (const QString focus = trimSpaces(m_editedFocus).toString(); !focus.isEmpty()) {
+        m_services.dailyNoteManager.updateFocus(focus);
+    }
+    setFocusEditor(FocusEditor::Closed);
+}
+
+void DailyTabModel::cancelFocus()
+{
+    setFocusEditor(FocusEditor::Closed);
+}
+
+void DailyTabModel::toggleTask(qint64 lineNumber)
+{
+    m_services.dailyNoteManager.toggleTask(lineNumber);
+}
+
+void DailyTabModel::removeTomato(qint64 lineNumber)
+{
+    m_services.dailyNoteManager.removePomodoroFromTask(lineNumber);
+}
+
+void DailyTabModel::setNewTaskText(const QString& text)
+{
+    if (m_newTaskText != text) {
+        m_newTaskText = text;
+        Q_EMIT newTaskTextChanged();
+    }
+}
+
+void DailyTabModel::setAddingTask(bool isAdding)
+{
+    if (m_isAddingTask != isAdding) {
+        m_isAddingTask = isAdding;
+        Q_EMIT isAddingTaskChanged();
+    }
+}
+
+void DailyTabModel::startAddingTask()
+{
+    setAddingTask(true);
+}
+
+void DailyTabModel::saveNewTask()
+{
+    const QString text = trimSpaces(m_newTaskText).toString();
+    if (text.isEmpty()) {
+        return;
+    }
+    m_services.dailyNoteManager.addNewTask(text);
+    cancelNewTask();
+}
+
+void DailyTabModel::cancelNewTask()
+{
+    setNewTaskText(QString());
+    setAddingTask(false);
+}
+
+} // namespace flitmark
