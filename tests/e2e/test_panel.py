@@ -62,6 +62,17 @@ class PanelTest(DesktopCase):
         self.wait_until_panel_closed()
         self.assertEqual(self.screen.active_window(), other)
 
+    def test_reopened_at_once(self):
+        """Closed and opened again faster than the toolkit hears of the keyboard's ways, it has the keyboard all the
+        same."""
+        bystander = self.start_bystander()
+        self.start_with_button()
+        for _ in range(4):
+            self.open_panel()
+            self.click_button()
+            self.wait_until_panel_closed()
+            wait_until(lambda: bystander.window.is_active, "the other window to be active again")
+
     def test_everything_in_it_can_be_clicked(self):
         """The button lies over the panel's corner: both must be within reach of the pointer."""
         self.start_with_button()
