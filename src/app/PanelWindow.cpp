@@ -6,6 +6,7 @@
 #include <config/ConfigManager.h>
 #include <ui/ThemeScope.h>
 
+#include <QApplication>
 #include <QVBoxLayout>
 #include <QWindow>
 
@@ -52,6 +53,20 @@ void PanelWindow::makeKeyAndOrderFront(const QRect& frame)
     m_view->takeKeyboard();
     showCompanion();
     activateWindow();
+    regainActivity();
+}
+
+void PanelWindow::regainActivity()
+{
+    // For a moment after a window was hidden Qt waits for another one to get the keyboard, and then takes the hidden
+    // one for the window that has it still. Shown again in that moment it would get the keys, but no caret and no
+    // focus.
+    if (QGuiApplication::focusWindow() == windowHandle() && !isActiveWindow()) {
+        QT_WARNING_PUSH
+        QT_WARNING_DISABLE_DEPRECATED
+        QApplication::setActiveWindow(this);
+        QT_WARNING_POP
+    }
 }
 
 void PanelWindow::orderOut()

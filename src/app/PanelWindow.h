@@ -38,6 +38,7 @@ public:
     void keepFreeFor(const QRect& triggerFrame);
 
 private:
+    void regainActivity();
     void storeSize();
     void applyPalette();
     void layOutCorner();

@@ -1,3 +1,4 @@
+#!/usr/bin/python3
 # SPDX-FileCopyrightText: 2026 The Flitmark authors
 # SPDX-License-Identifier: MIT
 """How fast the program starts and how much memory it takes, on a desktop of its own.

@@ -113,6 +113,7 @@ class DesktopCase(unittest.TestCase):
         if self.program is not None:
             (self.artifacts / "output.txt").write_text(self.program.output())
             (self.artifacts / "controls.txt").write_text(self.program.tree())
+        (self.artifacts / "active.txt").write_text(f"{self.screen.active_window()} {self.screen.focused_window()} {self.screen.stacking()}")
         (self.artifacts / "windows.txt").write_text(self.screen.run("xwininfo", "-root", "-tree"))
         print(f"evidence left in {self.artifacts}")
 

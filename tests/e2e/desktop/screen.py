@@ -9,12 +9,15 @@ import time
 
 from . import processes
 from .accessibility import Rectangle
-from .waiting import wait_until
+from .waiting import PATIENCE, wait_until
 
 _TOOL_TIMEOUT_SECONDS = 30
 
 DRAG_STEP = 4
-"""The pixels between two moves of a drag. Where the window manager takes a drag over, it starts one such step late."""
+"""The pixels between two moves of a drag."""
+
+TAKE_OVER_STEPS = 3
+"""The steps after which a drag pauses: enough to be known as a drag, and time for the window manager to take it over."""
 
 
 class Screen:
@@ -81,7 +84,7 @@ class Screen:
         command = ["mousemove", *start, "mousedown", 1]
         for step in range(1, steps + 1):
             x, y = (max(0, round(a + (b - a) * step / steps)) for a, b in zip(start, end))
-            command += ["mousemove", x, y, "sleep", 0.005]
+            command += ["mousemove", x, y, "sleep", 0.3 * PATIENCE if step == TAKE_OVER_STEPS else 0.005]
         self.xdotool(*command, "mouseup", 1)
 
     def type(self, text, delay_ms=5):
