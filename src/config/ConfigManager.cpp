@@ -82,7 +82,8 @@ void ConfigManager::save()
 
 QString ConfigManager::getSaveDirectory(const QString& noteType) const
 {
-    if (!QDir::isAbsolutePath(m_config.vaultPath)) {
+    // Not QDir::isAbsolutePath, which takes the names of built-in resources (":/Vault") for absolute.
+    if (!m_config.vaultPath.startsWith(u'/')) {
         return {};
     }
     const QString inbox = QStringLiteral("Inbox");

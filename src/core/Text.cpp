@@ -7,12 +7,15 @@ namespace flitmark {
 
 bool isSpace(QChar c)
 {
-    return c == u'\t' || c.category() == QChar::Separator_Space;
+    return c.unicode() < 0x80 ? c == u' ' || c == u'\t' : c.category() == QChar::Separator_Space;
 }
 
 bool isLineBreak(QChar c)
 {
     const char16_t u = c.unicode();
+    if (u > 0x0D && u < 0x85) {
+        return false;
+    }
     return (u >= 0x0A && u <= 0x0D) || u == 0x85 || u == 0x2028 || u == 0x2029;
 }
 
@@ -78,11 +81,11 @@ qsizetype findLineBreak(QStringView text)
     // Whole blocks without a branch per character, which compilers turn into vector instructions.
     constexpr qsizetype block = 16;
     for (; i + block <= size; i += block) {
-        unsigned found = 0;
+        quint16 found = 0;
         for (qsizetype j = 0; j < block; ++j) {
-            const unsigned u = units[i + j];
-            found |= static_cast<unsigned>(u - 0x0AU <= 3U) | static_cast<unsigned>(u == 0x85U) |
-                     static_cast<unsigned>((u & ~1U) == 0x2028U);
+            const quint16 u = units[i + j];
+            const bool isBreak = (static_cast<quint16>(u - 0x0AU) <= 3U) | (u == 0x85U) | ((u & 0xFFFEU) == 0x2028U);
+            found = static_cast<quint16>(found | static_cast<quint16>(isBreak));
         }
         if (found != 0) {
             break;

@@ -26,7 +26,7 @@ bool isValidLine(const Lines& lines, qint64 line)
 
 bool isSectionNamed(QStringView trimmed, QStringView word)
 {
-    return sectionHeading(trimmed) && containsLowerCased(trimmed, word);
+    return sectionHeading(trimmed) && LowerCased(trimmed).contains(word);
 }
 
 LineChanges replacement(qint64 line, const QString& text)
@@ -79,7 +79,7 @@ LineChanges DailyNoteEdits::updateFocus(const Lines& lines, const QString& newFo
         return replacement(*old, stars + newFocus + stars);
     }
     for (qsizetype i = 0; i < lines.size(); ++i) {
-        if (lines[i].contains(u"## ") && containsLowerCased(lines[i], u"focus")) {
+        if (lines[i].contains(u"## ") && LowerCased(lines[i]).contains(u"focus")) {
             return {{Kind::Insert, i + 1, QString()}, {Kind::Insert, i + 1, newFocus}};
         }
     }

@@ -18,7 +18,7 @@ namespace flitmark {
 namespace {
 
 // Another program may write again and again while we try; it hardly does for this long.
-constexpr int maximumAttempts = 100;
+constexpr int maximumAttempts = 20;
 
 } // namespace
 

@@ -30,8 +30,9 @@ Section sectionNamed(QStringView name)
                                          Word{u"scheduled", Section::Tasks},     Word{u"carryover", Section::Tasks},
                                          Word{u"coach", Section::CoachNotes},    Word{u"work done", Section::WorkDone},
                                          Word{u"pomodoro", Section::PomodoroLog}};
+    const LowerCased lowerCased(name);
     for (const Word& word : words) {
-        if (containsLowerCased(name, word.text)) {
+        if (lowerCased.contains(word.text)) {
             return word.section;
         }
     }
@@ -185,20 +186,26 @@ private:
     }
 
     /// A random identifier as `QUuid::createUuid()` makes it, without asking the system for each one.
-    static QUuid newId()
+    QUuid newId()
     {
-        std::array<quint32, 4> words = {};
-        QRandomGenerator::global()->fillRange(words.data(), static_cast<qsizetype>(words.size()));
-        QByteArray bytes(reinterpret_cast<const char*>(words.data()), sizeof(words));
-        bytes[6] = static_cast<char>((bytes[6] & 0x0F) | 0x40);
-        bytes[8] = static_cast<char>((bytes[8] & 0x3F) | 0x80);
-        return QUuid::fromRfc4122(bytes);
+        if (!m_random) {
+            std::array<quint32, 4> seed = {};
+            QRandomGenerator::global()->fillRange(seed.data(), static_cast<qsizetype>(seed.size()));
+            m_random.emplace(seed.data(), static_cast<qsizetype>(seed.size()));
+        }
+        const quint64 a = m_random->generate();
+        const quint64 b = m_random->generate();
+        const auto byte = [b](int index) { return static_cast<uchar>(b >> (8 * index)); };
+        return QUuid(static_cast<uint>(a), static_cast<ushort>(a >> 32U),
+                     static_cast<ushort>((a >> 48U & 0x0FFFU) | 0x4000U), static_cast<uchar>((byte(0) & 0x3FU) | 0x80U),
+                     byte(1), byte(2), byte(3), byte(4), byte(5), byte(6), byte(7));
     }
 
     ParsedDailyNote m_note;
     FrontMatter m_frontMatter;
     Section m_section = Section::None;
     bool m_isInTable = false;
+    std::optional<QRandomGenerator64> m_random;
 };
 
 } // namespace

@@ -9,10 +9,18 @@
 
 namespace flitmark {
 
-bool containsLowerCased(QStringView text, QStringView word)
+LowerCased::LowerCased(QStringView text)
 {
     const bool isAscii = std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < 0x80; });
-    return isAscii ? text.contains(word, Qt::CaseInsensitive) : text.toString().toLower().contains(word);
+    if (!isAscii) {
+        const QString lower = text.toString().toLower();
+        m_text.append(lower.constData(), lower.size());
+        return;
+    }
+    // Nearly every heading: no need for the tables of Unicode, nor for memory.
+    m_text.resize(text.size());
+    std::transform(text.begin(), text.end(), m_text.begin(),
+                   [](QChar c) { return c >= u'A' && c <= u'Z' ? QChar(char16_t(c.unicode() | 0x20U)) : c; });
 }
 
 bool containsTaskMarker(QStringView line)

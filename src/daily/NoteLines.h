@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QStringView>
+#include <QVarLengthArray>
 
 #include <optional>
 
@@ -12,8 +13,17 @@ namespace flitmark {
 /// The mark of a finished Pomodoro.
 inline constexpr char16_t tomato[] = u"🍅";
 
-/// True when `text`, lower-cased, contains `word`, which is lower-case ASCII.
-bool containsLowerCased(QStringView text, QStringView word);
+/// A text in lower case, for looking up several words in it.
+class LowerCased
+{
+public:
+    explicit LowerCased(QStringView text);
+
+    bool contains(QStringView word) const { return QStringView(m_text).contains(word); }
+
+private:
+    QVarLengthArray<QChar, 128> m_text;
+};
 
 /// True when `line` contains a check box: an open or a ticked one.
 bool containsTaskMarker(QStringView line);

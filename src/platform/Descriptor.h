@@ -27,6 +27,9 @@ public:
     bool isOpen() const { return m_fd >= 0; }
     int get() const { return m_fd; }
 
+    /// Leaves the closing to the caller.
+    int release() { return std::exchange(m_fd, -1); }
+
     /// Closes what is open and takes `fd` instead.
     void reset(int fd)
     {

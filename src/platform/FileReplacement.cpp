@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QRandomGenerator>
+#include <QThreadPool>
 
 #include <fcntl.h>
 #include <sys/xattr.h>
@@ -92,8 +93,8 @@ FileReplacement::~FileReplacement()
 tl::expected<FileReplacement::Way, FileError> FileReplacement::prepare(const QString& path, const QByteArray& bytes,
                                                                        Flush flush)
 {
-    if (path.contains(QChar::Null)) {
-        return systemError(EINVAL);
+    if (path.isEmpty() || path.contains(QChar::Null)) {
+        return systemError(path.isEmpty() ? ENOENT : EINVAL);
     }
     const tl::expected<QString, FileError> target = followLinks(path);
     if (!target) {
@@ -103,7 +104,6 @@ tl::expected<FileReplacement::Way, FileError> FileReplacement::prepare(const QSt
     m_targetName = QFile::encodeName(m_target);
     m_folder = QFileInfo(m_target).absolutePath();
 
-    const Descriptor old(::open(m_targetName.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     struct stat oldInfo = {};
     const bool exists = ::stat(m_targetName.constData(), &oldInfo) == 0;
     if (exists && S_ISDIR(oldInfo.st_mode)) {
@@ -117,6 +117,8 @@ tl::expected<FileReplacement::Way, FileError> FileReplacement::prepare(const QSt
         return systemError(errno);
     }
 
+    m_old.reset(exists ? ::open(m_targetName.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK) : -1);
+
     m_hiddenName = temporaryName(m_folder);
     m_file.reset(openTemporary(m_folder, m_hiddenName, m_hasHiddenFile));
     if (!m_file.isOpen()) {
@@ -125,8 +127,8 @@ tl::expected<FileReplacement::Way, FileError> FileReplacement::prepare(const QSt
         return exists && (reason == EACCES || reason == EPERM) ? tl::expected<Way, FileError>(Way::InPlace)
                                                                : tl::expected<Way, FileError>(systemError(reason));
     }
-    if (old.isOpen()) {
-        copyAttributes(old.get(), m_file.get(), oldInfo);
+    if (m_old.isOpen()) {
+        copyAttributes(m_old.get(), m_file.get(), oldInfo);
     } else if (exists) {
         ::fchmod(m_file.get(), oldInfo.st_mode & 07777U);
     }
@@ -155,6 +157,13 @@ tl::expected<void, FileError> FileReplacement::rename()
     }
     m_hasHiddenFile = false;
     return {};
+}
+
+void FileReplacement::closeOldInBackground()
+{
+    if (m_old.isOpen()) {
+        QThreadPool::globalInstance()->start([fd = m_old.release()] { ::close(fd); });
+    }
 }
 
 bool FileReplacement::exchange()

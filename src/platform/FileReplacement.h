@@ -37,6 +37,9 @@ public:
 
     /// Renames the new content over the file.
     tl::expected<void, FileError> rename();
+    /// After the rename, closes the last descriptor of the replaced file off the caller's thread. The system frees the
+    /// file then, and lets whoever closes it wait until the disk has taken what it once held.
+    void closeOldInBackground();
     /// Swaps the two names; `errno` tells why when it returns false.
     bool exchange();
     /// True when the file at `name` is the new content's.
@@ -51,6 +54,7 @@ private:
     QByteArray m_targetName;
     QString m_folder;
     QByteArray m_hiddenName;
+    Descriptor m_old;
     Descriptor m_file;
     struct stat m_info = {};
     bool m_hasHiddenFile = false;

@@ -57,6 +57,8 @@ tl::expected<void, FileError> replaceFile(const QString& path, const QByteArray&
     }
     if (flush == Flush::ToDisk) {
         replacement.flushFolder();
+    } else {
+        replacement.closeOldInBackground();
     }
     return {};
 }
@@ -108,8 +110,16 @@ tl::expected<void, FileError> createFolder(const QString& path)
             return made;
         }
     }
-    if (::mkdir(QFile::encodeName(clean).constData(), 0777) != 0 && (errno != EEXIST || !QFileInfo(clean).isDir())) {
-        return systemError(errno);
+    if (::mkdir(QFile::encodeName(clean).constData(), 0777) != 0) {
+        const int reason = errno;
+        const QFileInfo info(clean);
+        if (reason != EEXIST) {
+            return systemError(reason);
+        }
+        // "File exists" would not tell the user what is wrong with a file, or a link to nothing, in a folder's place.
+        if (!info.isDir()) {
+            return systemError(info.exists() ? ENOTDIR : ENOENT);
+        }
     }
     return {};
 }

@@ -12,6 +12,8 @@
 
 #include <cerrno>
 #include <csignal>
+#include <optional>
+#include <utility>
 
 namespace flitmark {
 
@@ -79,7 +81,8 @@ void announce(const QByteArray& name)
     }
 }
 
-/// Undoes an exchange that put the new content in the place of a file other than the one that was read.
+/// Undoes an exchange that put the new content in the place of a file other than the one that was read, or of one that
+/// somebody waits to write into.
 void takeBack(FileReplacement& replacement)
 {
     const bool isBack = replacement.exchange();
@@ -121,6 +124,7 @@ tl::expected<ReplaceOutcome, FileError> replaceFileIfUnchanged(const QString& pa
     }
 
     const HeldFile old(replacement.targetName());
+    std::optional<HeldFile> fresh(std::in_place, replacement.hiddenName());
     if (!old.holds(expected)) {
         return ReplaceOutcome::Changed;
     }
@@ -129,10 +133,13 @@ tl::expected<ReplaceOutcome, FileError> replaceFileIfUnchanged(const QString& pa
                    ? renameOver(replacement, old, expected)
                    : tl::expected<ReplaceOutcome, FileError>(tl::unexpected(FileError::ofSystem(errno)));
     }
-    if (!old.isAt(replacement.hiddenName()) || !old.isStill(expected)) {
+    // Once somebody has turned to the new content, that is the file.
+    const bool isTaken = !fresh->isStill(bytes);
+    if (!isTaken && (!old.isAt(replacement.hiddenName()) || !old.isStill(expected))) {
         takeBack(replacement);
         return ReplaceOutcome::Changed;
     }
+    fresh.reset();
     announce(replacement.targetName());
     replacement.flushFolder();
     return ReplaceOutcome::Replaced;

@@ -4,7 +4,6 @@
 #include <config/ConfigManager.h>
 #include <setup/SetupWizardModel.h>
 
-#include <QDir>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -80,7 +79,7 @@ QString SetupWizardModel::vaultPathProblem() const
     if (path.isEmpty()) {
         return tr("Choose the folder of your vault.");
     }
-    if (!QDir::isAbsolutePath(path)) {
+    if (!path.startsWith(u'/')) {
         return tr("This is not a full path: it has to begin with a slash.");
     }
     const QFileInfo info(path);

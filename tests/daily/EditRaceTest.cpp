@@ -24,7 +24,7 @@ namespace flitmark {
 
 namespace {
 
-constexpr int edits = 3000;
+constexpr int edits = 2000;
 
 /// Another program that writes into the note in the three ways in which programs do, each time one line of its own.
 class OtherProgram
@@ -53,12 +53,12 @@ private:
     {
         QRandomGenerator random(7);
         while (!m_isStopped) {
-            const QByteArray line = "other " + QByteArray::number(m_lines) + '\n';
             const quint32 way = random.bounded(3U);
+            const QByteArray line = "other " + QByteArray::number(m_lines) + '\n';
             if (way == 0 ? append(line) : way == 1 ? rewrite(line) : renameOver(line)) {
                 ++m_lines;
             }
-            QThread::usleep(random.bounded(1000U));
+            QThread::usleep(random.bounded(15000U));
         }
     }
 

@@ -28,6 +28,13 @@ inline QByteArray readTestFile(const QString& path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
+/// Makes `path` a link to `target`, which is stored as it is and need not exist.
+inline void makeTestLink(const QString& target, const QString& path)
+{
+    QVERIFY(QDir().mkpath(QFileInfo(path).path()));
+    QCOMPARE(::symlink(QFile::encodeName(target).constData(), QFile::encodeName(path).constData()), 0);
+}
+
 /// True for a superuser, whom no permission stops: tests of refused writes are skipped then.
 inline bool isSuperuser()
 {

@@ -1,0 +1,68 @@
+// SPDX-FileCopyrightText: 2026 The Flitmark authors
+// SPDX-License-Identifier: MIT
+
+#include <core/Text.h>
+#include <daily/DailyNoteParser.h>
+#include <daily/NoteBytes.h>
+#include <daily/NoteLines.h>
+
+#include "Property.h"
+
+namespace flitmark {
+
+namespace {
+
+/// All that was read but the identifiers.
+QStringList picture(const ParsedDailyNote& note)
+{
+    QStringList all = {note.focus, QString::number(note.pomodoroCount)};
+    for (const TaskItem& task : note.tasks) {
+        all += task.text + QString::number(task.lineNumber) + (task.isCompleted ? u'x' : u'o');
+    }
+    for (const PomodoroEntry& entry : note.pomodoroLog) {
+        all += QString::number(entry.number) + u'|' + entry.time + u'|' + entry.focus;
+    }
+    return all + note.coachNotes + note.workDone;
+}
+
+void checkTasks(const ParsedDailyNote& note, const QString& text)
+{
+    const QList<QStringView> lines = splitLines(text);
+    qint64 last = -1;
+    for (const TaskItem& task : note.tasks) {
+        require(task.lineNumber > last && task.lineNumber < lines.size(), "task lines are in order");
+        require(containsTaskMarker(lines[task.lineNumber]), "a task's line has a check box");
+        require(lines[task.lineNumber].contains(task.text), "a task's text is in its line");
+        last = task.lineNumber;
+    }
+}
+
+void checkNote(const QByteArray& bytes)
+{
+    const std::optional<QString> text = noteText(bytes);
+    if (!text) {
+        return;
+    }
+    require(noteBytes(*text, bytes) == bytes, "text keeps every byte");
+    const ParsedDailyNote note = parseDailyNote(*text);
+    checkTasks(note, *text);
+
+    QStringList lines;
+    for (const QStringView line : splitLines(*text)) {
+        lines += line.toString();
+    }
+    require(picture(parseDailyNote(lines.join(u'\n'))) == picture(note), "LF for any break reads the same");
+    require(picture(parseDailyNote(lines.join(QStringLiteral("\r\n")))) == picture(note), "CR LF reads the same");
+    require(picture(parseDailyNote(QStringLiteral("---\nx\n---\n") + *text)).first() == picture(note).first(),
+            "front matter hides nothing else");
+}
+
+} // namespace
+
+} // namespace flitmark
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
+{
+    flitmark::checkNote(QByteArray(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size)));
+    return 0;
+}
