@@ -54,7 +54,7 @@ private Q_SLOTS:
     void review_afterSleep_isShownOnce();
     void review_restartInTheMinute_showsNoSecond();
     void review_actions();
-    void review_gone();
+    void review_snooze_suppressesForAQuarterOfAnHour();
 
 private:
     CheckinWindowController& controller() { return m_services->controller; }
@@ -441,7 +441,7 @@ void CheckinWindowControllerTest::review_actions()
     QCOMPARE(m_services->workspace.opened.size(), 1);
 }
 
-void CheckinWindowControllerTest::review_gone()
+void CheckinWindowControllerTest::review_snooze_suppressesForAQuarterOfAnHour()
 {
     setReviewTimes({QStringLiteral("09:30"), QStringLiteral("09:40"), QStringLiteral("09:46")});
     controller().startDailyReviewTimer();
