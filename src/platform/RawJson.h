@@ -31,6 +31,9 @@ struct RawJson
     /// members with one key the last counts. Values within values are followed to a depth of 512.
     static tl::expected<RawJson, QString> parse(const QByteArray& bytes);
 
+    /// The order of members.
+    static bool isBefore(const Member& a, const Member& b);
+
     /// The value in the form of `encodeJson`: indented, keys sorted, slashes escaped.
     QByteArray encode() const;
 
