@@ -13,7 +13,6 @@ namespace flitmark {
 
 PanelWindow::PanelWindow(WindowManager& windowManager, ConfigManager& configManager, NotePanelModel& model)
     : FloatingWindow(windowManager, Resizing::ByEdges)
-    , m_windowManager(windowManager)
     , m_configManager(configManager)
     , m_view(new NotePanelView(model, configManager, content()))
 {
@@ -43,25 +42,10 @@ PanelWindow::PanelWindow(WindowManager& windowManager, ConfigManager& configMana
 
 void PanelWindow::makeKeyAndOrderFront(const QRect& frame)
 {
-    const WindowManager::WindowId active = m_windowManager.activeWindow();
-    if (!isVisible() || active != winId()) {
-        m_previousWindow = active == winId() ? 0 : active;
-    }
     setFrameRect(frame);
     layOutCorner();
     m_view->takeKeyboard();
-    showCompanion();
-    activateWindow();
-}
-
-void PanelWindow::orderOut()
-{
-    // Only a panel that has the keyboard has it to give back: the user may have moved on to another window.
-    if (isVisible() && m_previousWindow != 0 && m_windowManager.activeWindow() == winId()) {
-        m_windowManager.activate(m_previousWindow);
-    }
-    m_previousWindow = 0;
-    hide();
+    makeKey();
 }
 
 void PanelWindow::keepFreeFor(const QRect& triggerFrame)

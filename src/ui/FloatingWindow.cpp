@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Flitmark authors
 // SPDX-License-Identifier: MIT
 
-#include <platform/WindowManager.h>
 #include <ui/FloatingWindow.h>
 #include <ui/Shadow.h>
 #include <ui/ThemeScope.h>
@@ -122,6 +121,26 @@ void FloatingWindow::showCompanion()
     m_windowManager.makeCompanion(*windowHandle());
     show();
     raise();
+}
+
+void FloatingWindow::makeKey()
+{
+    const WindowManager::WindowId active = m_windowManager.activeWindow();
+    if (!isVisible() || active != winId()) {
+        m_previousWindow = active == winId() ? 0 : active;
+    }
+    showCompanion();
+    activateWindow();
+}
+
+void FloatingWindow::orderOut()
+{
+    // Only a window that has the keyboard has it to give back: the user may have moved on to another one.
+    if (isVisible() && m_previousWindow != 0 && m_windowManager.activeWindow() == winId()) {
+        m_windowManager.activate(m_previousWindow);
+    }
+    m_previousWindow = 0;
+    hide();
 }
 
 void FloatingWindow::followCompositor()
