@@ -21,7 +21,7 @@ constexpr int framePadding = 4;
 constexpr double itemPadding = 12;
 constexpr int itemHeight = 32;
 constexpr int separatorHeight = 9;
-constexpr double separatorInset = 4;
+constexpr double separatorInset = 8;
 
 constexpr const char* keysProperty = "keys";
 
