@@ -6,10 +6,12 @@
 #include <app/Placement.h>
 #include <app/TriggerButtonView.h>
 #include <app/TriggerButtonWindow.h>
+#include <app/TriggerMenu.h>
 #include <capture/DraftManager.h>
 #include <capture/NoteManager.h>
 #include <capture/NotePanelModel.h>
 #include <capture/NotePanelView.h>
+#include <checkin/CheckinWindowController.h>
 #include <config/ConfigManager.h>
 #include <platform/Dialogs.h>
 #include <platform/NotificationCenter.h>
@@ -19,6 +21,7 @@
 #include <setup/SetupWizardWindow.h>
 #include <ui/ThemeScope.h>
 
+#include <QCoreApplication>
 #include <QWindow>
 
 namespace flitmark {
@@ -33,6 +36,7 @@ AppServices AppServices::shared()
         .runLoop = RunLoop::shared(),
         .notificationCenter = NotificationCenter::shared(),
         .configManager = ConfigManager::shared(),
+        .checkinWindowController = CheckinWindowController::shared(),
         .draftManager = DraftManager::shared(),
         .noteManager = NoteManager::shared(),
         .screens = Screens::shared(),
@@ -63,24 +67,18 @@ void AppDelegate::setupMainUI()
 {
     setupTriggerButton();
     setupNotePanel();
+    m_services.checkinWindowController.startDailyReviewTimer();
 }
 
 void AppDelegate::setupTriggerButton()
 {
     m_triggerWindow = std::make_unique<TriggerButtonWindow>(m_services.windowManager, m_services.runLoop);
-    TriggerButtonView& view = m_triggerWindow->view();
     const auto applyPalette = [this] {
         ThemeScope::set(*m_triggerWindow, themeOfPalette(m_services.configManager.config().colorPalette));
     };
     applyPalette();
     connect(&m_services.configManager, &ConfigManager::configChanged, m_triggerWindow.get(), applyPalette);
-    connect(this, &AppDelegate::isPanelVisibleChanged, &view,
-            [this, &view] { view.setPanelVisible(m_isPanelVisible); });
-    connect(&view, &TriggerButtonView::toggled, this, &AppDelegate::togglePanel);
-    connect(&view, &TriggerButtonView::draggedTo, this, [this](const QPointF& topLeft) {
-        const QRectF frame(topLeft, m_triggerWindow->size());
-        setTriggerWindowOrigin(m_services.screens.flipped(frame).topLeft());
-    });
+    connectTriggerView();
 
     repositionTriggerButton();
     m_triggerWindow->orderFront();
@@ -90,6 +88,32 @@ void AppDelegate::setupTriggerButton()
             m_panelWindow->keepFreeFor(m_triggerWindow->geometry());
         }
     });
+}
+
+void AppDelegate::connectTriggerView()
+{
+    TriggerButtonView& view = m_triggerWindow->view();
+    connect(this, &AppDelegate::isPanelVisibleChanged, &view,
+            [this, &view] { view.setPanelVisible(m_isPanelVisible); });
+    connect(&view, &TriggerButtonView::toggled, this, &AppDelegate::togglePanel);
+    connect(&view, &TriggerButtonView::draggedTo, this, [this](const QPointF& topLeft) {
+        const QRectF frame(topLeft, m_triggerWindow->size());
+        setTriggerWindowOrigin(m_services.screens.flipped(frame).topLeft());
+    });
+    connect(&view, &TriggerButtonView::menuAsked, this, &AppDelegate::showTriggerMenu);
+    connect(&m_services.notificationCenter, &NotificationCenter::pomodoroTimerUpdated, &view,
+            [this, &view](double remainingRatio) {
+                view.setTimerProgress(remainingRatio, m_services.checkinWindowController.minutesRemaining());
+            });
+}
+
+void AppDelegate::showTriggerMenu(const QPoint& position)
+{
+    auto* menu = new TriggerMenu(m_services.checkinWindowController, m_services.notificationCenter,
+                                 m_services.windowManager, m_triggerWindow.get());
+    // Not quit(), which asks every window to close first: the panel would only hide, and the program go on.
+    connect(menu, &TriggerMenu::quitChosen, this, [] { QCoreApplication::exit(0); });
+    menu->openAt(position);
 }
 
 void AppDelegate::setupNotePanel()

@@ -13,6 +13,7 @@
 
 namespace flitmark {
 
+class CheckinWindowController;
 class ConfigManager;
 class Dialogs;
 class DraftManager;
@@ -33,6 +34,7 @@ struct AppServices
     RunLoop& runLoop;
     NotificationCenter& notificationCenter;
     ConfigManager& configManager;
+    CheckinWindowController& checkinWindowController;
     DraftManager& draftManager;
     NoteManager& noteManager;
     Screens& screens;
@@ -76,7 +78,9 @@ Q_SIGNALS:
 private:
     void setupMainUI();
     void setupTriggerButton();
+    void connectTriggerView();
     void setupNotePanel();
+    void showTriggerMenu(const QPoint& position);
     void presentSetupWizard();
     void finishSetupWizard();
 

@@ -6,7 +6,6 @@
 #include <config/ConfigManager.h>
 #include <ui/ThemeScope.h>
 
-#include <QApplication>
 #include <QVBoxLayout>
 #include <QWindow>
 
@@ -14,7 +13,6 @@ namespace flitmark {
 
 PanelWindow::PanelWindow(WindowManager& windowManager, ConfigManager& configManager, NotePanelModel& model)
     : FloatingWindow(windowManager, Resizing::ByEdges)
-    , m_windowManager(windowManager)
     , m_configManager(configManager)
     , m_view(new NotePanelView(model, configManager, content()))
 {
@@ -44,39 +42,10 @@ PanelWindow::PanelWindow(WindowManager& windowManager, ConfigManager& configMana
 
 void PanelWindow::makeKeyAndOrderFront(const QRect& frame)
 {
-    const WindowManager::WindowId active = m_windowManager.activeWindow();
-    if (!isVisible() || active != winId()) {
-        m_previousWindow = active == winId() ? 0 : active;
-    }
     setFrameRect(frame);
     layOutCorner();
     m_view->takeKeyboard();
-    showCompanion();
-    activateWindow();
-    regainActivity();
-}
-
-void PanelWindow::regainActivity()
-{
-    // For a moment after a window was hidden Qt waits for another one to get the keyboard, and then takes the hidden
-    // one for the window that has it still. Shown again in that moment it would get the keys, but no caret and no
-    // focus.
-    if (QGuiApplication::focusWindow() == windowHandle() && !isActiveWindow()) {
-        QT_WARNING_PUSH
-        QT_WARNING_DISABLE_DEPRECATED
-        QApplication::setActiveWindow(this);
-        QT_WARNING_POP
-    }
-}
-
-void PanelWindow::orderOut()
-{
-    // Only a panel that has the keyboard has it to give back: the user may have moved on to another window.
-    if (isVisible() && m_previousWindow != 0 && m_windowManager.activeWindow() == winId()) {
-        m_windowManager.activate(m_previousWindow);
-    }
-    m_previousWindow = 0;
-    hide();
+    makeKey();
 }
 
 void PanelWindow::keepFreeFor(const QRect& triggerFrame)

@@ -3,7 +3,6 @@
 
 #pragma once
 
-#include <platform/WindowManager.h>
 #include <ui/FloatingWindow.h>
 
 namespace flitmark {
@@ -30,24 +29,19 @@ public:
 
     /// Shows the panel at `frame` (the desktop's coordinates), or brings it there, with the keyboard in its editor.
     void makeKeyAndOrderFront(const QRect& frame);
-    /// Hides the panel.
-    void orderOut();
 
     /// Tells the panel where the trigger button lies (the desktop's coordinates): where it covers the panel's bottom
     /// right corner, the panel keeps that corner free of controls.
     void keepFreeFor(const QRect& triggerFrame);
 
 private:
-    void regainActivity();
     void storeSize();
     void applyPalette();
     void layOutCorner();
 
-    WindowManager& m_windowManager;
     ConfigManager& m_configManager;
     NotePanelView* m_view;
     QRect m_triggerFrame;
-    WindowManager::WindowId m_previousWindow = 0;
 };
 
 } // namespace flitmark

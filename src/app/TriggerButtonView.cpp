@@ -9,6 +9,7 @@
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPainterPath>
 #include <QStyle>
 
 #include <algorithm>
@@ -42,10 +43,34 @@ QImage makeShadow(double scale)
     return image;
 }
 
+constexpr double ringWidth = 3;
+/// The ring with all of its line.
+constexpr double ringReach = RingProgress::radius + ringWidth / 2;
+
+QRectF circle(double radius)
+{
+    constexpr double center = TriggerButtonView::side / 2.0;
+    return {center - radius, center - radius, 2 * radius, 2 * radius};
+}
+
+/// The surroundings of the place where an arc of `progress` ends, running clockwise from the top.
+QRectF aroundEnd(double progress)
+{
+    constexpr double center = TriggerButtonView::side / 2.0;
+    const double angle = 2 * M_PI * progress;
+    const QPointF end(center + RingProgress::radius * std::sin(angle), center - RingProgress::radius * std::cos(angle));
+    return QRectF(-ringWidth, -ringWidth, 2 * ringWidth, 2 * ringWidth).translated(end);
+}
+
 QRectF discRect()
 {
     constexpr double inset = (TriggerButtonView::side - discSide) / 2;
     return {inset, inset, discSide, discSide};
+}
+
+QString panelDescription()
+{
+    return TriggerButtonView::tr("Shows or hides the note panel.");
 }
 
 } // namespace
@@ -53,11 +78,12 @@ QRectF discRect()
 TriggerButtonView::TriggerButtonView(RunLoop& runLoop, QWidget* parent)
     : QPushButton(parent)
     , m_runLoop(runLoop)
+    , m_ring(runLoop, [this] { updateRing(); })
 {
     setFixedSize(side, side);
     setAttribute(Qt::WA_Hover);
     setAccessibleName(tr("Flitmark Button"));
-    setAccessibleDescription(tr("Shows or hides the note panel"));
+    setAccessibleDescription(panelDescription());
 
     m_iconScale.setStartValue(1.0);
     m_iconScale.setEndValue(hoverScale);
@@ -77,9 +103,65 @@ void TriggerButtonView::setPanelVisible(bool isVisible)
     update();
 }
 
-QRegion TriggerButtonView::opaqueShape()
+void TriggerButtonView::setTimerProgress(double progress, std::chrono::minutes minutes)
 {
-    return {discRect().toRect(), QRegion::Ellipse};
+    m_ring.setPixelRatio(devicePixelRatioF());
+    m_ring.moveTo(progress, motion::isWanted() ? RingProgress::Motion::Linear : RingProgress::Motion::Steps);
+
+    QString description = panelDescription();
+    if (m_ring.isShown()) {
+        description += u' ';
+        description += minutes.count() == 1 ? tr("1 minute of the Pomodoro remains.")
+                                            : tr("%1 minutes of the Pomodoro remain.").arg(minutes.count());
+    }
+    if (description != accessibleDescription()) {
+        setAccessibleDescription(description);
+    }
+}
+
+void TriggerButtonView::updateRing()
+{
+    if (m_isRingDrawn != m_ring.isShown()) {
+        m_isRingDrawn = m_ring.isShown();
+        update();
+        Q_EMIT isTimerActiveChanged();
+    } else {
+        // Only where the arc ends: the rest stays as it is.
+        constexpr double shortWay = 1.0 / 16;
+        const bool isNear = std::abs(m_drawnProgress - m_ring.drawn()) < shortWay;
+        update(isNear ? (aroundEnd(m_drawnProgress) | aroundEnd(m_ring.drawn())).toAlignedRect() : rect());
+    }
+    m_drawnProgress = m_ring.drawn();
+}
+
+void TriggerButtonView::setGround(Ground ground)
+{
+    m_ground = ground;
+    update();
+}
+
+QRegion TriggerButtonView::opaqueShape() const
+{
+    return {(m_ring.isShown() ? circle(ringReach) : discRect()).toRect(), QRegion::Ellipse};
+}
+
+void TriggerButtonView::paintRing(QPainter& painter) const
+{
+    painter.setBrush(Qt::NoBrush);
+    QColor track(128, 128, 128);
+    track.setAlphaF(0.2F);
+    painter.setPen(QPen(track, ringWidth));
+    painter.drawEllipse(circle(RingProgress::radius));
+
+    QColor accent = ThemeScope::of(*this).accent;
+    accent.setAlphaF(0.9F);
+    painter.setPen(QPen(accent, ringWidth, Qt::SolidLine, Qt::RoundCap));
+    // Sixteenths of a degree, counter-clockwise from three o'clock, are too coarse for an arc that creeps: a path takes
+    // them as they come.
+    QPainterPath arc;
+    arc.arcMoveTo(circle(RingProgress::radius), 90);
+    arc.arcTo(circle(RingProgress::radius), 90, -360 * m_ring.drawn());
+    painter.drawPath(arc);
 }
 
 void TriggerButtonView::paintEvent(QPaintEvent*)
@@ -87,12 +169,18 @@ void TriggerButtonView::paintEvent(QPaintEvent*)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
 
+    if (m_ground == Ground::Opaque) {
+        painter.fillRect(rect(), ThemeScope::of(*this).background);
+    }
     static QImage shadow;
     if (shadow.devicePixelRatio() != devicePixelRatioF() || shadow.isNull()) {
         shadow = makeShadow(devicePixelRatioF());
     }
     painter.drawImage(QPointF(0, 0), shadow);
 
+    if (m_ring.isShown()) {
+        paintRing(painter);
+    }
     painter.setPen(Qt::NoPen);
     painter.setBrush(ThemeScope::of(*this).primary);
     painter.drawEllipse(discRect());
@@ -132,6 +220,11 @@ void TriggerButtonView::mouseReleaseEvent(QMouseEvent* event)
         m_runLoop.after(std::chrono::milliseconds(100), this, [this] { m_drag.settle(); });
     }
     QPushButton::mouseReleaseEvent(event);
+}
+
+void TriggerButtonView::contextMenuEvent(QContextMenuEvent* event)
+{
+    Q_EMIT menuAsked(event->globalPos());
 }
 
 void TriggerButtonView::enterEvent(QEnterEvent* event)

@@ -20,15 +20,23 @@ TriggerButtonWindow::TriggerButtonWindow(WindowManager& windowManager, RunLoop& 
     setAttribute(Qt::WA_QuitOnClose, false);
     setWindowTitle(tr("Flitmark Button"));
     setFixedSize(m_view->size());
+    connect(m_view, &TriggerButtonView::isTimerActiveChanged, this, &TriggerButtonWindow::followCompositor);
+}
+
+void TriggerButtonWindow::followCompositor()
+{
+    if (m_windowManager.isCompositing()) {
+        clearMask();
+        m_view->setGround(TriggerButtonView::Ground::Transparent);
+    } else {
+        setMask(m_view->opaqueShape());
+        m_view->setGround(TriggerButtonView::Ground::Opaque);
+    }
 }
 
 void TriggerButtonWindow::orderFront()
 {
-    if (m_windowManager.isCompositing()) {
-        clearMask();
-    } else {
-        setMask(TriggerButtonView::opaqueShape());
-    }
+    followCompositor();
     winId();
     m_windowManager.makeCompanion(*windowHandle());
     show();

@@ -33,6 +33,8 @@ protected:
     void moveEvent(QMoveEvent* event) override;
 
 private:
+    void followCompositor();
+
     WindowManager& m_windowManager;
     TriggerButtonView* m_view;
 };

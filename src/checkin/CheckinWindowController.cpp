@@ -56,6 +56,12 @@ std::chrono::minutes CheckinWindowController::interval() const
     return pomodoroInterval(m_services.signalManager.coachConfig().pomodoroIntervalMinutes);
 }
 
+std::chrono::minutes CheckinWindowController::minutesRemaining() const
+{
+    const std::chrono::duration<double, std::ratio<60>> remaining = timeRemainingRatio() * interval();
+    return std::chrono::ceil<std::chrono::minutes>(remaining);
+}
+
 /// Lets `change` work on the Pomodoro and publishes what is different after it.
 template<typename Change>
 void CheckinWindowController::changePomodoro(Change change)

@@ -56,6 +56,8 @@ public:
     bool isPaused() const { return m_pomodoro.isPaused(); }
     /// What remains of the interval, 0.0 to 1.0, as of the last second in which a Pomodoro ran.
     double timeRemainingRatio() const { return m_pomodoro.timeRemainingRatio(); }
+    /// The same in minutes, counted up to whole ones.
+    std::chrono::minutes minutesRemaining() const;
     const QDateTime& pomodoroStartTime() const { return m_pomodoro.pomodoroStartTime(); }
     const std::optional<QDateTime>& snoozedUntil() const { return m_pomodoro.snoozedUntil(); }
 

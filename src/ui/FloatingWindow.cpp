@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Flitmark authors
 // SPDX-License-Identifier: MIT
 
-#include <platform/WindowManager.h>
 #include <ui/FloatingWindow.h>
 #include <ui/Shadow.h>
 #include <ui/ThemeScope.h>
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QMouseEvent>
@@ -122,6 +122,40 @@ void FloatingWindow::showCompanion()
     m_windowManager.makeCompanion(*windowHandle());
     show();
     raise();
+}
+
+void FloatingWindow::makeKey()
+{
+    const WindowManager::WindowId active = m_windowManager.activeWindow();
+    if (!isVisible() || active != winId()) {
+        m_previousWindow = active == winId() ? 0 : active;
+    }
+    showCompanion();
+    activateWindow();
+    regainActivity();
+}
+
+void FloatingWindow::regainActivity()
+{
+    // For a moment after a window was hidden Qt waits for another one to get the keyboard, and then takes the hidden
+    // one for the window that has it still. Shown again in that moment it would get the keys, but no caret and no
+    // focus.
+    if (QGuiApplication::focusWindow() == windowHandle() && !isActiveWindow()) {
+        QT_WARNING_PUSH
+        QT_WARNING_DISABLE_DEPRECATED
+        QApplication::setActiveWindow(this);
+        QT_WARNING_POP
+    }
+}
+
+void FloatingWindow::orderOut()
+{
+    // Only a window that has the keyboard has it to give back: the user may have moved on to another one.
+    if (isVisible() && m_previousWindow != 0 && m_windowManager.activeWindow() == winId()) {
+        m_windowManager.activate(m_previousWindow);
+    }
+    m_previousWindow = 0;
+    hide();
 }
 
 void FloatingWindow::followCompositor()

@@ -3,13 +3,13 @@
 
 #pragma once
 
+#include <platform/WindowManager.h>
+
 #include <QWidget>
 
 #include <optional>
 
 namespace flitmark {
-
-class WindowManager;
 
 /// A window without the desktop's frame: rounded, on all workspaces, above other windows, out of the task bar, moved by
 /// dragging its background. With a compositor it stands in a soft shadow that lies in a margin around the frame and
@@ -36,6 +36,11 @@ public:
     /// Shows the window as a companion: the desktop is told again what kind of window this is.
     void showCompanion();
 
+    /// Shows the window as a companion, or brings it to the front, and gives it the keyboard.
+    void makeKey();
+    /// Hides the window. The keyboard goes back to the window that `makeKey` took it from.
+    void orderOut();
+
 Q_SIGNALS:
     /// The frame has moved or has another size.
     void frameChanged();
@@ -54,6 +59,7 @@ protected:
 private:
     class Grip;
 
+    void regainActivity();
     void followCompositor();
     void layOut();
     QMargins margins() const { return {m_margin, m_margin, m_margin, m_margin}; }
@@ -66,6 +72,7 @@ private:
     /// The width of the shadow's margin; 0 without a compositor.
     int m_margin = 0;
     std::optional<QPoint> m_pressed;
+    WindowManager::WindowId m_previousWindow = 0;
 };
 
 } // namespace flitmark

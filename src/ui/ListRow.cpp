@@ -43,6 +43,13 @@ ActionRow::ActionRow(const RowContent& content, QWidget* parent)
     describe(*this, content);
 }
 
+void ActionRow::setTitle(const QString& title)
+{
+    m_content.title = title;
+    setPlainText(*this, title);
+    update();
+}
+
 void ActionRow::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);

@@ -43,6 +43,8 @@ public:
     explicit ActionRow(const RowContent& content, QWidget* parent = nullptr);
     Q_DISABLE_COPY_MOVE(ActionRow)
 
+    void setTitle(const QString& title);
+
     QSize sizeHint() const override { return m_content.sizeHint(); }
     QSize minimumSizeHint() const override { return m_content.sizeHint(); }
 

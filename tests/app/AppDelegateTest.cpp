@@ -5,20 +5,29 @@
 #include <app/PanelWindow.h>
 #include <app/TriggerButtonView.h>
 #include <app/TriggerButtonWindow.h>
+#include <app/TriggerMenu.h>
 #include <capture/DraftManager.h>
 #include <capture/NoteEditor.h>
 #include <capture/NoteManager.h>
+#include <checkin/CheckinWindowController.h>
 #include <config/ConfigManager.h>
+#include <daily/DailyNoteManager.h>
 #include <platform/NotificationCenter.h>
 #include <setup/SetupWizardWindow.h>
+#include <signals/SignalManager.h>
 #include <support/DesktopDoubles.h>
+#include <support/ManualFileEvents.h>
 #include <support/ManualRunLoop.h>
 #include <support/RecordingSound.h>
 #include <support/TestFiles.h>
+#include <support/TestPopups.h>
+#include <support/TestWorkspace.h>
 
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QPushButton>
 #include <QSignalSpy>
+#include <QTimer>
 #include <QtTest/QTest>
 
 using namespace flitmark;
@@ -40,8 +49,13 @@ public:
             [this](AppConfig& changed) { changed.vaultPath = home.filePath(QStringLiteral("vault")); });
         draftManager.emplace(directories, runLoop);
         noteManager.emplace(*configManager, runLoop, sound);
-        delegate.emplace(AppServices{directories, runLoop, center, *configManager, *draftManager, *noteManager, screens,
-                                     windowManager, dialogs});
+        signalManager.emplace(directories, *configManager, runLoop, fileEvents);
+        dailyNoteManager.emplace(
+            DailyNoteManager::Services{*configManager, *signalManager, runLoop, fileEvents, workspace});
+        controller.emplace(CheckinWindowController::Services{*configManager, *signalManager, *dailyNoteManager, runLoop,
+                                                             center, sound, popups});
+        delegate.emplace(AppServices{directories, runLoop, center, *configManager, *controller, *draftManager,
+                                     *noteManager, screens, windowManager, dialogs});
         delegate->applicationDidFinishLaunching();
     }
 
@@ -66,9 +80,15 @@ public:
     FakeScreens screens;
     FakeWindowManager windowManager;
     FakeDialogs dialogs;
+    ManualFileEvents fileEvents;
+    TestWorkspace workspace;
+    TestPopups popups;
     std::optional<ConfigManager> configManager;
     std::optional<DraftManager> draftManager;
     std::optional<NoteManager> noteManager;
+    std::optional<SignalManager> signalManager;
+    std::optional<DailyNoteManager> dailyNoteManager;
+    std::optional<CheckinWindowController> controller;
     std::optional<AppDelegate> delegate;
 };
 
@@ -242,6 +262,50 @@ private Q_SLOTS:
         Q_EMIT desktop.trigger().view().draggedTo(QPointF(100, 100));
         QTRY_COMPARE(rightOfSave(), desktop.panel().frameRect().right() - 16);
     }
+    void trigger_showsTheRunningPomodoro()
+    {
+        Desktop desktop;
+        TriggerButtonView& view = desktop.trigger().view();
+        desktop.controller->startPomodoroTimer();
+        QVERIFY(!view.isTimerActive());
+        desktop.runLoop.advance(8min);
+        QVERIFY(view.isTimerActive());
+        QVERIFY(view.accessibleDescription().contains(QStringLiteral("12 minutes")));
+        desktop.controller->restartTimer();
+        QVERIFY(!view.isTimerActive());
+    }
+    void triggerMenu_opensByPointerAndByKey()
+    {
+        Desktop desktop;
+        TriggerButtonView& view = desktop.trigger().view();
+        for (const auto reason : {QContextMenuEvent::Mouse, QContextMenuEvent::Keyboard}) {
+            QContextMenuEvent event(reason, QPoint(28, 28), view.mapToGlobal(QPoint(28, 28)));
+            QCoreApplication::sendEvent(&view, &event);
+            auto* menu = desktop.trigger().findChild<TriggerMenu*>();
+            QVERIFY(menu != nullptr && menu->isVisible());
+            QCOMPARE(menu->actions().constFirst()->text(), QStringLiteral("Start Pomodoro Timer"));
+            menu->close();
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        }
+    }
+    void quitting_endsTheProgramWithThePanelOpen()
+    {
+        Desktop desktop;
+        desktop.delegate->showPanel();
+        QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(28, 28), QPoint(1400, 860));
+        QCoreApplication::sendEvent(&desktop.trigger().view(), &event);
+        auto* menu = desktop.trigger().findChild<TriggerMenu*>();
+        QMetaObject::invokeMethod(menu->actions().constLast(), &QAction::trigger, Qt::QueuedConnection);
+        QTimer::singleShot(10s, this, [] { QCoreApplication::exit(1); });
+        QCOMPARE(QCoreApplication::exec(), 0);
+    }
+    void dailyReview_isRemindedOfOnceTheButtonIsThere()
+    {
+        Desktop desktop;
+        desktop.runLoop.advance(5h); // past seven in the evening
+        QCOMPARE(desktop.popups.takeCalls(), QStringList{QStringLiteral("show review")});
+    }
+
     void trigger_dragDoesNotToggle()
     {
         Desktop desktop;

@@ -4,6 +4,8 @@
 // Draws every component in every state, in every theme, at scale 1 and 2, into the folder given as its argument. For
 // the eyes of developers: run it after a change to the toolkit and look at the pictures.
 
+#include "Gallery.h"
+
 #include <config/ConfigManager.h>
 #include <platform/Dialogs.h>
 #include <setup/SetupWizardModel.h>
@@ -251,17 +253,6 @@ std::unique_ptr<QWidget> makeComponents()
     return frame;
 }
 
-bool save(QWidget& widget, const QString& path, double scale)
-{
-    widget.ensurePolished();
-    widget.adjustSize();
-    QImage image(widget.size() * scale, QImage::Format_ARGB32_Premultiplied);
-    image.setDevicePixelRatio(scale);
-    image.fill(Qt::transparent);
-    widget.render(&image);
-    return image.save(path);
-}
-
 class NoDialogs final : public Dialogs
 {
 public:
@@ -363,6 +354,17 @@ bool saveWizards(const QDir& folder)
 
 } // namespace
 
+bool save(QWidget& widget, const QString& path, double scale)
+{
+    widget.ensurePolished();
+    widget.adjustSize();
+    QImage image(widget.size() * scale, QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(scale);
+    image.fill(Qt::transparent);
+    widget.render(&image);
+    return image.save(path);
+}
+
 int main(int argc, char** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -374,14 +376,15 @@ int main(int argc, char** argv)
     const QDir folder(QString::fromLocal8Bit(argv[1]));
     motion::set(motion::Setting::Never);
 
+    bool isComplete = true;
     QList<std::pair<QString, Theme>> themes;
     for (const ColorPalette palette : allColorPalettes()) {
         themes.append({rawValue(palette), themeOfPalette(palette)});
+        isComplete = savePopups(folder, palette) && isComplete;
     }
     themes.append({QStringLiteral("window_light"), themeOfWindow(ColorPalette::obsidianNative, Scheme::Light)});
     themes.append({QStringLiteral("window_dark"), themeOfWindow(ColorPalette::obsidianNative, Scheme::Dark)});
 
-    bool isComplete = true;
     for (const auto& [name, theme] : themes) {
         const std::unique_ptr<QWidget> components = makeComponents();
         ThemeScope::set(*components, theme);

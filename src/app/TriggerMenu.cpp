@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: 2026 The Flitmark authors
+// SPDX-License-Identifier: MIT
+
+#include <app/TriggerMenu.h>
+#include <checkin/CheckinWindowController.h>
+#include <platform/NotificationCenter.h>
+
+namespace flitmark {
+
+TriggerMenu::TriggerMenu(CheckinWindowController& controller, NotificationCenter& notificationCenter,
+                         WindowManager& windowManager, QWidget* parent)
+    : Menu(windowManager, parent)
+{
+    setAccessibleName(tr("Flitmark"));
+    addPomodoroItems(controller, notificationCenter);
+    addSeparator();
+    connect(addItem(tr("Quit Flitmark")), &QAction::triggered, this, &TriggerMenu::quitChosen);
+}
+
+void TriggerMenu::addPomodoroItems(CheckinWindowController& controller, NotificationCenter& notificationCenter)
+{
+    if (!controller.isRunning()) {
+        connect(addItem(tr("Start Pomodoro Timer")), &QAction::triggered, &controller,
+                &CheckinWindowController::startPomodoroTimer);
+        return;
+    }
+    if (controller.isPaused()) {
+        connect(addItem(tr("Resume Check-ins")), &QAction::triggered, &controller,
+                &CheckinWindowController::resumeTimer);
+    } else {
+        connect(addItem(tr("Pause Check-ins")), &QAction::triggered, &controller, &CheckinWindowController::pauseTimer);
+    }
+    connect(addItem(tr("Stop Pomodoro Timer")), &QAction::triggered, &controller, [&controller, &notificationCenter] {
+        controller.stopPomodoroTimer();
+        // Nothing follows a stopped timer: the ring has to be told.
+        Q_EMIT notificationCenter.pomodoroTimerUpdated(0.0);
+    });
+}
+
+} // namespace flitmark

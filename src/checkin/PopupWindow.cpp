@@ -1,0 +1,182 @@
+// SPDX-FileCopyrightText: 2026 The Flitmark authors
+// SPDX-License-Identifier: MIT
+
+#include <checkin/PopupWindow.h>
+#include <platform/WindowManager.h>
+#include <ui/IconButton.h>
+#include <ui/Label.h>
+#include <ui/Surfaces.h>
+
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QVBoxLayout>
+
+namespace flitmark {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr RunLoop::Duration deafFor = 500ms;
+
+} // namespace
+
+PopupWindow::PopupWindow(WindowManager& windowManager, RunLoop& runLoop, const Texts& texts, QWidget* body)
+    : FloatingWindow(windowManager, Resizing::Fixed)
+    , m_windowManager(windowManager)
+    , m_runLoop(runLoop)
+{
+    setWindowTitle(texts.windowTitle);
+    // The body comes first, so that the first Tab leads to its first control and the close button is the last one.
+    body->setParent(content());
+    auto* column = new QVBoxLayout(content());
+    column->setContentsMargins({});
+    column->setSpacing(0);
+    column->addWidget(makeHead(texts.heading));
+    column->addWidget(body);
+    column->addSpacing(8);
+    column->addWidget(new Divider);
+    column->addWidget(makeFoot());
+    connect(this, &FloatingWindow::closeAsked, this, &PopupWindow::dismissed);
+}
+
+QWidget* PopupWindow::makeHead(const QString& heading)
+{
+    auto* head = new QWidget(content());
+    auto* row = new QHBoxLayout(head);
+    row->setContentsMargins(16, 12, 8, 8);
+    row->setSpacing(8);
+    auto* title = new Label(heading, TextRole::Heading);
+    title->setElideMode(Qt::ElideRight);
+    row->addWidget(title, 1);
+    m_badge = new Badge(QString(), Badge::Kind::Plain, head);
+    m_badge->hide();
+    row->addWidget(m_badge);
+    auto* close = new IconButton(tr("Close"), IconButtonSize::Small);
+    close->setSymbol(QStringLiteral("xmark"), 18);
+    connect(close, &QPushButton::clicked, this, &PopupWindow::dismissed);
+    row->addWidget(close);
+    return head;
+}
+
+QWidget* PopupWindow::makeFoot()
+{
+    auto* foot = new QWidget(content());
+    auto* row = new QHBoxLayout(foot);
+    row->setContentsMargins(16, 8, 16, 12);
+    m_time = new Label(QString(), TextRole::Caption);
+    row->addWidget(m_time, 1);
+    row->addWidget(new Label(tr("esc to close"), TextRole::Caption));
+    showTime();
+    return foot;
+}
+
+void PopupWindow::setBadge(const QString& text)
+{
+    m_badge->setText(text);
+    m_badge->setVisible(!text.isEmpty());
+}
+
+QSize PopupWindow::fittingSize() const
+{
+    const QLayout& layout = *content()->layout();
+    return {frameWidth, layout.hasHeightForWidth() ? layout.heightForWidth(frameWidth) : layout.sizeHint().height()};
+}
+
+void PopupWindow::fit()
+{
+    const QSize size = fittingSize();
+    if (frameRect().size() != size) {
+        const QPoint topLeft = frameRect().topLeft();
+        setFrameLimits(size, size);
+        setFrameRect(QRect(topLeft, size));
+    }
+}
+
+void PopupWindow::makeKeyAndOrderFront()
+{
+    if (!isVisible() || !isActiveWindow()) {
+        ignoreKeysForAMoment();
+    }
+    fit();
+    makeKey();
+    // No act of the user asks for this window, and desktops refuse the keyboard to such a window unless told so.
+    m_windowManager.activate(winId());
+}
+
+void PopupWindow::ignoreKeysForAMoment()
+{
+    // The focus goes to the window itself, which answers nothing but Escape.
+    setFocus(Qt::OtherFocusReason);
+    m_deafness = m_runLoop.every(deafFor, [this] { m_deafness.reset(); });
+}
+
+void PopupWindow::showTime()
+{
+    const QTime now = m_runLoop.now().time();
+    m_time->setText(now.toString(u"HH:mm"));
+    if (isVisible()) {
+        m_clock = m_runLoop.every(1min - RunLoop::Duration(now.msecsSinceStartOfDay()) % 1min, [this] { showTime(); });
+    }
+}
+
+void PopupWindow::showEvent(QShowEvent* event)
+{
+    FloatingWindow::showEvent(event);
+    // On the application: every key to any control of the window has to come by.
+    QCoreApplication::instance()->installEventFilter(this);
+    showTime();
+}
+
+void PopupWindow::hideEvent(QHideEvent* event)
+{
+    QCoreApplication::instance()->removeEventFilter(this);
+    m_clock.reset();
+    FloatingWindow::hideEvent(event);
+}
+
+bool PopupWindow::isSwallowed(const QEvent& event) const
+{
+    switch (event.type()) {
+    case QEvent::KeyRelease:
+    case QEvent::ShortcutOverride:
+    case QEvent::InputMethod:
+        return m_deafness != nullptr;
+    case QEvent::KeyPress: {
+        const auto& key = static_cast<const QKeyEvent&>(event);
+        const bool isAnswer = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+        return m_deafness != nullptr || (isAnswer && key.isAutoRepeat());
+    }
+    default:
+        return false;
+    }
+}
+
+bool PopupWindow::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == content() && event->type() == QEvent::LayoutRequest) {
+        fit();
+    } else if (isSwallowed(*event) && watched->isWidgetType() && static_cast<QWidget*>(watched)->window() == this) {
+        return true;
+    }
+    return FloatingWindow::eventFilter(watched, event);
+}
+
+void PopupWindow::keyPressEvent(QKeyEvent* event)
+{
+    switch (event->key()) {
+    case Qt::Key_Escape:
+        Q_EMIT dismissed();
+        break;
+    case Qt::Key_Down:
+        focusNextChild();
+        break;
+    case Qt::Key_Up:
+        focusPreviousChild();
+        break;
+    default:
+        FloatingWindow::keyPressEvent(event);
+    }
+}
+
+} // namespace flitmark
