@@ -49,12 +49,12 @@ class MapWatch:
             pass
         self._pending = b""
 
-    def wait(self):
-        """The time at which the next window was heard to be mapped."""
+    def wait(self, command):
+        """The time at which the next window, the one of `command`, was heard to be mapped."""
         deadline = time.monotonic() + START_TIMEOUT_SECONDS
         while b"MapNotify event" not in self._pending:
             if time.monotonic() > deadline:
-                raise TimeoutError("no window came on screen")
+                raise TimeoutError(f"no window of {command} came on screen")
             self._read(1.0)
         return time.monotonic()
 
@@ -86,7 +86,7 @@ def start_times(desktop, watch, commands, home):
             environment.pop("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", None)
             begin = time.monotonic()
             process = processes.start(shlex.split(command), environment)
-            elapsed = (watch.wait() - begin) * 1000
+            elapsed = (watch.wait(command) - begin) * 1000
             processes.stop(process)
             if run >= WARM_UPS:
                 times[command].append(elapsed)
