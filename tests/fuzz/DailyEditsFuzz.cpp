@@ -14,33 +14,21 @@ namespace {
 using Edits = DailyNoteEdits;
 using Lines = DailyNoteEdits::Lines;
 
-/// Takes the changed lines out of the result and puts the old ones back: what comes must be the text from before.
 void checkOnlyItsLines(const Lines& before, const LineChanges& changes)
 {
-    const QString after = Edits::apply(before, changes);
-    QStringList lines = after.split(u'\n');
-    qsizetype at = 0;
-    qsizetype added = 0;
-    QList<qsizetype> inserted;
-    for (const LineChange& change : changes) {
-        require(change.line >= at, "changes are in order");
-        at = change.line;
-        const qsizetype place = change.line + added;
-        require(place < lines.size() && lines[place] == change.text, "a changed line is where it should be");
-        if (change.kind == LineChange::Kind::Insert) {
-            inserted.prepend(place);
-            ++added;
+    QStringList expected;
+    for (const QStringView line : before) {
+        expected += line.toString();
+    }
+    for (auto change = changes.rbegin(); change != changes.rend(); ++change) {
+        require(change == changes.rbegin() || change->line <= (change - 1)->line, "changes are in order");
+        if (change->kind == LineChange::Kind::Insert) {
+            expected.insert(change->line, change->text);
         } else {
-            lines[place] = before[change.line].toString();
+            expected[change->line] = change->text;
         }
     }
-    for (const qsizetype place : inserted) {
-        lines.removeAt(place);
-    }
-    require(lines.size() == before.size(), "an edit adds and removes no other line");
-    for (qsizetype i = 0; i < before.size(); ++i) {
-        require(lines[i] == before[i], "an edit changes only its lines");
-    }
+    require(Edits::apply(before, changes) == expected.join(u'\n'), "an edit changes only its lines");
 }
 
 void checkTask(const Lines& lines, qint64 number)
@@ -49,11 +37,9 @@ void checkTask(const Lines& lines, qint64 number)
     if (const auto toggled = Edits::toggleTask(lines, number)) {
         checkOnlyItsLines(lines, *toggled);
         const QString once = toggled->first().text;
-        require(once.size() == line.size(), "a toggle keeps the length");
         const auto again = Edits::toggleTask({once}, 0);
-        require(again.has_value(), "a toggled task is a task");
         const bool isMixed = line.contains(u"- [X]") || (line.contains(u"- [x]") && line.contains(u"- [ ]"));
-        require(isMixed || again->first().text == line, "toggling twice gives back the line");
+        require(again && (isMixed || again->first().text == line), "toggling twice gives back the line");
     }
     if (const auto added = Edits::addPomodoroToTask(lines, number)) {
         checkOnlyItsLines(lines, *added);
@@ -62,15 +48,15 @@ void checkTask(const Lines& lines, qint64 number)
         const auto removed = Edits::removePomodoroFromTask({more}, 0);
         require(removed && removed->first().text == line, "adding and removing a tomato gives back the line");
     }
-    if (const auto removed = Edits::removePomodoroFromTask(lines, number)) {
-        checkOnlyItsLines(lines, *removed);
-        require(removed->first().text.size() < line.size(), "a tomato less is shorter");
-    } else {
-        require(!Edits::toggleTask(lines, number) || Edits::pomodoroCount(line) == 0, "a tomato that counts can go");
-    }
+    const auto removed = Edits::removePomodoroFromTask(lines, number);
+    require(removed || !Edits::toggleTask(lines, number) || Edits::pomodoroCount(line) == 0,
+            "a tomato that counts can go");
+    checkOnlyItsLines(lines, removed.value_or(LineChanges()));
 }
 
-void checkEdits(const QByteArray& bytes)
+} // namespace
+
+void checkInput(const QByteArray& bytes)
 {
     const std::optional<QString> text = noteText(bytes);
     if (!text) {
@@ -85,17 +71,7 @@ void checkEdits(const QByteArray& bytes)
     const QString word = QStringLiteral("Ship it");
     checkOnlyItsLines(lines, Edits::updateFocus(lines, word));
     checkOnlyItsLines(lines, Edits::addPomodoroEntry(lines, 4, QStringLiteral("09:30"), word));
-    if (const auto added = Edits::addNewTask(lines, word)) {
-        checkOnlyItsLines(lines, *added);
-    }
+    checkOnlyItsLines(lines, Edits::addNewTask(lines, word).value_or(LineChanges()));
 }
-
-} // namespace
 
 } // namespace flitmark
-
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
-{
-    flitmark::checkEdits(QByteArray(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size)));
-    return 0;
-}

@@ -37,7 +37,9 @@ void checkTasks(const ParsedDailyNote& note, const QString& text)
     }
 }
 
-void checkNote(const QByteArray& bytes)
+} // namespace
+
+void checkInput(const QByteArray& bytes)
 {
     const std::optional<QString> text = noteText(bytes);
     if (!text) {
@@ -57,12 +59,4 @@ void checkNote(const QByteArray& bytes)
             "front matter hides nothing else");
 }
 
-} // namespace
-
 } // namespace flitmark
-
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
-{
-    flitmark::checkNote(QByteArray(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size)));
-    return 0;
-}

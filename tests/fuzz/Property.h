@@ -3,6 +3,9 @@
 
 #pragma once
 
+#include <QByteArray>
+
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 
@@ -17,4 +20,14 @@ inline void require(bool holds, const char* property)
     }
 }
 
+/// Checks the properties of one input. Each program defines its own.
+void checkInput(const QByteArray& bytes);
+
 } // namespace flitmark
+
+// What the fuzzer calls: a program is one source file, which includes this one.
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
+{
+    flitmark::checkInput(QByteArray(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size)));
+    return 0;
+}
