@@ -70,35 +70,25 @@ private Q_SLOTS:
         const QString longest = noteFileName(time, QString(60, QChar(0x0939)) + QString(500, QChar(0x0301)));
         QVERIFY(QFile::encodeName(longest).size() <= 255);
     }
-    void composeNote_lines_data()
-    {
-        QTest::addColumn<QString>("title");
-        QTest::addColumn<QString>("noteType");
-        QTest::addColumn<QString>("defaultTags");
-        QTest::addColumn<QString>("rest");
-        const auto row = [](const char* title, const char* noteType, const char* tags, const char* rest) {
-            QTest::addRow("%s %s %s", title, noteType, tags) << QString::fromUtf8(title) << QString::fromUtf8(noteType)
-                                                             << QString::fromUtf8(tags) << QString::fromUtf8(rest);
-        };
-        row("", "Fleeting", "", "type: fleeting\ntags: [fleeting]\n---\n\n");
-        row("", "Fleeting", "b,fleeting,a,b", "type: fleeting\ntags: [b, fleeting, a]\n---\n\n");
-        row("", "Other", "x", "type: other\ntags: [x]\n---\n\n");
-        row("", "Task", "", "type: task\ntags: [task]\n---\n\n# TODO\n\n");
-        row("Plan", "Idea", "", "type: idea\ntags: [idea]\n---\n\n# \U0001F4A1 Plan\n\n");
-        row("  Plan ", "Other", "", "type: other\n---\n\n#   Plan \n\n");
-        row(" \n", "Other", "", "type: other\n---\n\n");
-    }
     void composeNote_lines()
     {
-        QFETCH(const QString, title);
-        QFETCH(const QString, noteType);
-        QFETCH(const QString, defaultTags);
-        QFETCH(const QString, rest);
-        AppConfig config = AppConfig::makeDefault({});
-        config.defaultTags = defaultTags.split(u',', Qt::SkipEmptyParts);
-        const QDateTime time = QDateTime(QDate(2026, 1, 22), QTime(14, 3, 5, 7), Qt::UTC).toLocalTime();
-        QCOMPARE(composeNote(config, time, title, QStringLiteral(" body\n"), noteType),
-                 QStringLiteral("---\ncreated: 2026-01-22T14:03:05.007Z\n") + rest + QStringLiteral(" body\n"));
+        const auto check = [](const char* title, const char* noteType, const char* tags, const char* rest) {
+            AppConfig config = AppConfig::makeDefault({});
+            config.defaultTags = QString::fromUtf8(tags).split(u',', Qt::SkipEmptyParts);
+            const QDateTime time = QDateTime(QDate(2026, 1, 22), QTime(14, 3, 5, 7), Qt::UTC).toLocalTime();
+            const QString note = composeNote(config, time, QString::fromUtf8(title), QStringLiteral(" body\n"),
+                                             QString::fromUtf8(noteType));
+            QCOMPARE(
+                note,
+                QStringLiteral("---\ncreated: 2026-01-22T14:03:05.007Z\ntype: %1 body\n").arg(QString::fromUtf8(rest)));
+        };
+        check("", "Fleeting", "", "fleeting\ntags: [fleeting]\n---\n\n");
+        check("", "Fleeting", "b,fleeting,a,b", "fleeting\ntags: [b, fleeting, a]\n---\n\n");
+        check("", "Other", "x", "other\ntags: [x]\n---\n\n");
+        check("", "Task", "", "task\ntags: [task]\n---\n\n# TODO\n\n");
+        check("Plan", "Idea", "", "idea\ntags: [idea]\n---\n\n# \U0001F4A1 Plan\n\n");
+        check("  Plan ", "Other", "", "other\n---\n\n#   Plan \n\n");
+        check(" \n", "Other", "", "other\n---\n\n");
     }
     void firstCharacters_countsWhatReadersCount()
     {

@@ -2,13 +2,10 @@
 // SPDX-License-Identifier: MIT
 
 #include <platform/Files.h>
-#include <platform/FolderListing.h>
 #include <support/TestFiles.h>
 
 #include <sys/stat.h>
 #include <sys/xattr.h>
-
-#include <algorithm>
 
 using namespace flitmark;
 
@@ -157,37 +154,6 @@ private Q_SLOTS:
             QVERIFY(!createFolder(bad));
         }
         QCOMPARE(names(), QStringLiteral("a,file"));
-    }
-    void keepUnreadable_copiesBeside()
-    {
-        writeTestFile(path("file"), "broken");
-        writeTestFile(path("file.unreadable"), "older");
-        keepUnreadable(path("file"));
-        keepUnreadable(path("missing"));
-        QCOMPARE(readTestFile(path("file")) + readTestFile(path("file.unreadable")), QByteArray("brokenbroken"));
-        QCOMPARE(names(), QStringLiteral("file,file.unreadable"));
-    }
-    void listFolder_followsLinksAndSkipsHidden()
-    {
-        for (const char* file : {"a.md", "unwanted.txt", ".hidden.md", "folder.md/inside"}) {
-            writeTestFile(path(file), "text");
-        }
-        makeTestLink(QStringLiteral("folder.md"), path("link.md"));
-        makeTestLink(QStringLiteral("missing"), path("dangling.md"));
-        const QDateTime modified(QDate(2020, 2, 29), QTime(1, 2, 3, 4));
-        QFile file(path("a.md"));
-        QVERIFY(file.open(QIODevice::ReadWrite) && file.setFileTime(modified, QFile::FileModificationTime));
-        const auto isNote = [](const QString& name) { return name.endsWith(u".md"); };
-        QStringList found;
-        const auto entries = listFolder(m_folder->path(), isNote).value();
-        for (const FolderEntry& entry : entries) {
-            found.append(entry.name + QString::fromUtf8(entry.isFile ? " file" : entry.isFolder ? " folder" : ""));
-            QVERIFY(!entry.isFile || entry.modificationDate() == modified);
-        }
-        found.sort();
-        QCOMPARE(found.join(u','), QStringLiteral("a.md file,folder.md folder,link.md folder"));
-        QCOMPARE(listFolder(path("a.md"), isNote).error().message, QStringLiteral("Not a directory"));
-        QVERIFY(!listFolder(m_folder->path() + QChar::Null, isNote));
     }
 
 private:

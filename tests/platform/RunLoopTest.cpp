@@ -91,20 +91,6 @@ private Q_SLOTS:
         pass(40ms);
         QCOMPARE(calls, 1);
     }
-    void manualClock_standsStillWithinATask()
-    {
-        ManualRunLoop manual;
-        const QDateTime start = manual.now();
-        QList<qint64> times;
-        const auto timer = manual.every(1s, [&] { times.append(start.msecsTo(manual.now())); });
-        manual.after(1500ms, this, [&] { times.append(start.msecsTo(manual.now())); });
-        manual.advance(2500ms);
-        QCOMPARE(times, (QList<qint64>{1000, 1500, 2000}));
-        manual.setWallClock(start.addDays(-1));
-        manual.advance(500ms);
-        QCOMPARE(times.size(), 4);
-        QCOMPARE(manual.timerCount(), 1);
-    }
 
 private:
     RunLoop& loop()
