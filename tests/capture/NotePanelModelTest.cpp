@@ -4,48 +4,31 @@
 #include <capture/DraftManager.h>
 #include <capture/NoteManager.h>
 #include <capture/NotePanelModel.h>
-#include <config/ConfigManager.h>
-#include <support/ManualRunLoop.h>
-#include <support/OutputCapture.h>
-#include <support/RecordingSound.h>
-#include <support/TestFiles.h>
+#include <support/TestServices.h>
 
 #include <QSignalSpy>
 
 using namespace flitmark;
 using namespace std::chrono_literals;
+using StatusType = NotePanelModel::StatusType;
 
 namespace {
 
-/// The panel's model with everything it needs, in a home of its own.
-struct Panel
+/// The panel's model with everything it needs. The third quick tag is one that every note gets.
+struct Panel : TestServices
 {
-    explicit Panel(const QString& homePath)
-        : home(homePath)
+    Panel()
     {
-        config.update([this](AppConfig& settings) {
-            settings.vaultPath = home + QStringLiteral("/vault");
-            settings.quickTags[2].isDefault = true;
-        });
+        config.update([](AppConfig& settings) { settings.quickTags[2].isDefault = true; });
     }
-
     QUuid tag(int index) const { return config.config().quickTags[index].id; }
-    QStringList savedFiles() const { return QDir(home + QStringLiteral("/vault/Inbox")).entryList(QDir::Files); }
-    QByteArray savedText() const
-    {
-        return savedFiles().size() == 1 ? readTestFile(home + QStringLiteral("/vault/Inbox/") + savedFiles()[0])
-                                        : QByteArray();
-    }
-    bool hasDraftFile() const { return QFileInfo::exists(drafts.draftURL()); }
+    QString inbox() const { return vault + QStringLiteral("/Inbox/"); }
+    QByteArray draftFile() const { return readTestFile(drafts.draftURL()); }
 
-    QString home;
-    Directories directories{.home = home, .applicationSupport = home + QStringLiteral("/conf"), .cache = {}};
-    ManualRunLoop loop;
-    RecordingSound sound;
-    ConfigManager config{directories};
     DraftManager drafts{directories, loop};
     NoteManager notes{config, loop, sound};
     NotePanelModel model{config, drafts, notes, loop};
+    QSignalSpy closed{&model, &NotePanelModel::closeRequested};
 };
 
 } // namespace
@@ -55,221 +38,130 @@ class NotePanelModelTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
+    void typing_writesTheDraftEachTime()
     {
-        m_panel.reset();
-        m_home = std::make_unique<QTemporaryDir>();
-        m_panel = std::make_unique<Panel>(m_home->path());
+        Panel panel;
+        QSignalSpy changed(&panel.model, &NotePanelModel::noteContentChanged);
+        for (const char* text : {"a", "a b", "a b"}) {
+            panel.model.setNoteContent(QString::fromUtf8(text));
+            QVERIFY(panel.draftFile().contains('"' + QByteArray(text) + '"'));
+        }
+        QCOMPARE(changed.count(), 2);
+        QCOMPARE(panel.drafts.currentDraft()->noteType, QStringLiteral("Fleeting"));
+        panel.model.setNoteContent(QStringLiteral(" \n"));
+        QCOMPARE(panel.draftFile(), QByteArray());
     }
-    void typing_writesTheDraftEachTime();
-    void wordCount_countsBetweenSpaces_data();
-    void wordCount_countsBetweenSpaces();
-    void saveNote_blank_writesNothing();
-    void saveNote_success_startsAnew();
-    void saveNote_quickTags_inConfiguredOrder();
-    void saveNote_failure_leavesEverything();
-    void saveNote_closesLater();
-    void status_eachMessageHidesTheLine();
-    void defaultTags_areOnlyAdded();
-    void clearNote_resets();
-    void appearing_bringsDraftNotesAndTags();
-    void opening_restoresButNeverEmpties();
-    void selectedTab_announcesChanges();
-
-private:
-    std::unique_ptr<QTemporaryDir> m_home;
-    std::unique_ptr<Panel> m_panel;
+    void wordCount_countsBetweenSpaces()
+    {
+        Panel panel;
+        const QList<std::pair<const char*, int>> rows = {{"", 0}, {"one  two ", 2}, {"one\ntwo", 1}, {" \n ", 1}};
+        for (const auto& [text, words] : rows) {
+            panel.model.setNoteContent(QString::fromUtf8(text));
+            QCOMPARE(panel.model.wordCount(), words);
+        }
+    }
+    void saveNote_blank_writesNothing()
+    {
+        Panel panel;
+        panel.model.setNoteContent(QStringLiteral(" \n\t "));
+        panel.model.saveNote();
+        QCOMPARE(panel.model.statusMessage(), QStringLiteral("Nothing to save"));
+        QVERIFY(panel.model.showStatus() && panel.model.statusType() == StatusType::info);
+        panel.loop.advance(10s);
+        QCOMPARE(panel.closed.count(), 0);
+        QVERIFY(!QFileInfo::exists(panel.vault));
+        QCOMPARE(panel.model.noteContent(), QStringLiteral(" \n\t "));
+    }
+    void saveNote_success_startsAnewAndClosesLater()
+    {
+        Panel panel;
+        panel.model.setNoteContent(QStringLiteral(" Call Ann \n"));
+        for (const int index : {2, 3, 0, 3}) {
+            panel.model.toggleQuickTag(panel.tag(index));
+        }
+        // A tag that has been deleted in the settings since appends nothing.
+        panel.model.toggleQuickTag(QUuid::createUuid());
+        QSignalSpy listed(&panel.model, &NotePanelModel::existingNotesChanged);
+        panel.model.saveNote();
+        const QByteArray saved = readTestFile(panel.inbox() + QStringLiteral("2026-01-22--093000--call-ann.md"));
+        QVERIFY(saved.endsWith("---\n\n Call Ann \n\n\n#priority/high #type/idea"));
+        QCOMPARE(panel.model.statusMessage(), QStringLiteral("Saved"));
+        QCOMPARE(panel.model.statusType(), StatusType::success);
+        QCOMPARE(panel.model.noteContent(), QString());
+        QCOMPARE(panel.model.selectedQuickTags(), QSet<QUuid>{panel.tag(2)});
+        QCOMPARE(panel.draftFile(), QByteArray());
+        QCOMPARE(listed.count(), 1);
+        QCOMPARE(panel.model.existingNotes()[0].preview, QStringLiteral(" Call Ann "));
+        panel.loop.advance(499ms);
+        QCOMPARE(panel.closed.count(), 0);
+        panel.loop.advance(1ms);
+        QCOMPARE(panel.closed.count(), 1);
+    }
+    void saveNote_failure_leavesEverything()
+    {
+        Panel panel;
+        writeTestFile(panel.vault, "a file where the vault should be");
+        panel.model.setNoteContent(QStringLiteral("precious"));
+        panel.model.toggleQuickTag(panel.tag(1));
+        panel.model.saveNote();
+        QCOMPARE(panel.output->lines(), QStringList{QStringLiteral("Failed to save note: Not a directory")});
+        panel.loop.advance(1s);
+        QCOMPARE(panel.model.statusMessage(), QStringLiteral("Error saving"));
+        QCOMPARE(panel.model.statusType(), StatusType::error);
+        QCOMPARE(panel.model.noteContent(), QStringLiteral("precious"));
+        QCOMPARE(panel.model.selectedQuickTags(), QSet<QUuid>{panel.tag(1)});
+        QVERIFY(panel.draftFile().contains("precious"));
+        QCOMPARE(panel.closed.count(), 0);
+    }
+    void status_eachMessageHidesTheLine()
+    {
+        Panel panel;
+        panel.model.showStatusMessage(QStringLiteral("one"), StatusType::info);
+        panel.loop.advance(1500ms);
+        panel.model.showStatusMessage(QStringLiteral("two"), StatusType::error);
+        QVERIFY(panel.model.showStatus());
+        panel.loop.advance(500ms);
+        QVERIFY(!panel.model.showStatus());
+        QSignalSpy changed(&panel.model, &NotePanelModel::statusChanged);
+        panel.loop.advance(10s);
+        QCOMPARE(changed.count(), 0);
+    }
+    void tags_areOnlyAddedUntilCleared()
+    {
+        Panel panel;
+        panel.model.setNoteContent(QStringLiteral("text"));
+        panel.model.toggleQuickTag(panel.tag(0));
+        QSignalSpy changed(&panel.model, &NotePanelModel::selectedQuickTagsChanged);
+        panel.model.loadDefaultTags();
+        panel.model.loadDefaultTags();
+        QCOMPARE(panel.model.selectedQuickTags(), (QSet<QUuid>{panel.tag(0), panel.tag(2)}));
+        QCOMPARE(changed.count(), 1);
+        panel.model.clearNote();
+        QCOMPARE(panel.model.selectedQuickTags(), QSet<QUuid>{panel.tag(2)});
+        QVERIFY(panel.model.noteContent().isEmpty() && panel.draftFile().isEmpty());
+    }
+    void opening_bringsNotesAndTheDraftButNeverEmpties()
+    {
+        Panel panel;
+        writeTestFile(panel.inbox() + QStringLiteral("old.md"), "# Old");
+        panel.drafts.save(QStringLiteral("unsaved"), {}, QStringLiteral("Fleeting"));
+        panel.model.panelAppeared();
+        QCOMPARE(panel.model.existingNotes().value(0).title, QStringLiteral("Old"));
+        QCOMPARE(panel.model.selectedQuickTags(), QSet<QUuid>{panel.tag(2)});
+        QVERIFY(!panel.draftFile().isEmpty());
+        QSignalSpy focus(&panel.model, &NotePanelModel::editorFocusRequested);
+        panel.drafts.clear();
+        panel.model.panelOpened();
+        QCOMPARE(panel.model.noteContent(), QStringLiteral("unsaved"));
+        panel.drafts.save({}, QStringLiteral("a title alone"), QStringLiteral("Fleeting"));
+        panel.model.panelOpened();
+        QCOMPARE(panel.model.noteContent(), QStringLiteral("unsaved"));
+        panel.drafts.save(QStringLiteral("drafted"), {}, QStringLiteral("Fleeting"));
+        panel.model.panelOpened();
+        QCOMPARE(panel.model.noteContent(), QStringLiteral("drafted"));
+        QCOMPARE(focus.count(), 3);
+    }
 };
-
-void NotePanelModelTest::typing_writesTheDraftEachTime()
-{
-    QSignalSpy changed(&m_panel->model, &NotePanelModel::noteContentChanged);
-    m_panel->model.setNoteContent(QStringLiteral("a"));
-    QVERIFY(readTestFile(m_panel->drafts.draftURL()).contains("\"a\""));
-    m_panel->model.setNoteContent(QStringLiteral("a b"));
-    QVERIFY(readTestFile(m_panel->drafts.draftURL()).contains("\"a b\""));
-    QCOMPARE(m_panel->drafts.currentDraft()->noteType, QStringLiteral("Fleeting"));
-    QVERIFY(m_panel->drafts.currentDraft()->title.isEmpty());
-    m_panel->model.setNoteContent(QStringLiteral("a b"));
-    QCOMPARE(changed.count(), 2);
-    m_panel->model.setNoteContent(QStringLiteral(" \n"));
-    QVERIFY(!m_panel->hasDraftFile());
-}
-
-void NotePanelModelTest::wordCount_countsBetweenSpaces_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("words");
-    QTest::newRow("none") << QString() << 0;
-    QTest::newRow("two") << QStringLiteral("one  two ") << 2;
-    QTest::newRow("on two lines") << QStringLiteral("one\ntwo") << 1;
-    QTest::newRow("a line break is a piece") << QStringLiteral(" \n ") << 1;
-}
-
-void NotePanelModelTest::wordCount_countsBetweenSpaces()
-{
-    QFETCH(const QString, text);
-    QFETCH(const int, words);
-    m_panel->model.setNoteContent(text);
-    QCOMPARE(m_panel->model.wordCount(), words);
-}
-
-void NotePanelModelTest::saveNote_blank_writesNothing()
-{
-    QSignalSpy closed(&m_panel->model, &NotePanelModel::closeRequested);
-    m_panel->model.setNoteContent(QStringLiteral(" \n\t "));
-    m_panel->model.saveNote();
-    QCOMPARE(m_panel->model.statusMessage(), QStringLiteral("Nothing to save"));
-    QCOMPARE(m_panel->model.statusType(), NotePanelModel::StatusType::info);
-    QVERIFY(m_panel->model.showStatus());
-    m_panel->loop.advance(10s);
-    QCOMPARE(closed.count(), 0);
-    QVERIFY(!QFileInfo::exists(m_panel->home + QStringLiteral("/vault")));
-    QCOMPARE(m_panel->model.noteContent(), QStringLiteral(" \n\t "));
-}
-
-void NotePanelModelTest::saveNote_success_startsAnew()
-{
-    m_panel->model.setNoteContent(QStringLiteral(" Call Ann \n"));
-    m_panel->model.toggleQuickTag(m_panel->tag(0));
-    QSignalSpy listed(&m_panel->model, &NotePanelModel::existingNotesChanged);
-    m_panel->model.saveNote();
-    QCOMPARE(m_panel->savedFiles(), QStringList{QStringLiteral("2026-01-22--140305--call-ann.md")});
-    QVERIFY(m_panel->savedText().endsWith("---\n\n Call Ann \n\n\n#priority/high"));
-    QCOMPARE(m_panel->model.statusMessage(), QStringLiteral("Saved"));
-    QCOMPARE(m_panel->model.statusType(), NotePanelModel::StatusType::success);
-    QCOMPARE(m_panel->model.noteContent(), QString());
-    QCOMPARE(m_panel->model.selectedQuickTags(), QSet<QUuid>{m_panel->tag(2)});
-    QVERIFY(!m_panel->hasDraftFile());
-    QCOMPARE(listed.count(), 1);
-    QCOMPARE(m_panel->model.existingNotes().size(), 1);
-    QCOMPARE(m_panel->model.existingNotes()[0].preview, QStringLiteral(" Call Ann "));
-}
-
-void NotePanelModelTest::saveNote_quickTags_inConfiguredOrder()
-{
-    m_panel->model.setNoteContent(QStringLiteral("text"));
-    for (const int index : {2, 3, 0}) {
-        m_panel->model.toggleQuickTag(m_panel->tag(index));
-    }
-    m_panel->model.toggleQuickTag(m_panel->tag(3));
-    // A tag that has been deleted in the settings since appends nothing.
-    m_panel->model.toggleQuickTag(QUuid::createUuid());
-    m_panel->model.saveNote();
-    QVERIFY(m_panel->savedText().endsWith("\n\ntext\n\n#priority/high #type/idea"));
-}
-
-void NotePanelModelTest::saveNote_failure_leavesEverything()
-{
-    writeTestFile(m_panel->home + QStringLiteral("/vault"), "a file where the vault should be");
-    m_panel->model.setNoteContent(QStringLiteral("precious"));
-    m_panel->model.toggleQuickTag(m_panel->tag(1));
-    const QSet<QUuid> tags = m_panel->model.selectedQuickTags();
-    QSignalSpy closed(&m_panel->model, &NotePanelModel::closeRequested);
-    {
-        OutputCapture output;
-        m_panel->model.saveNote();
-        QCOMPARE(output.lines(), QStringList{QStringLiteral("Failed to save note: Not a directory")});
-    }
-    m_panel->loop.advance(1s);
-    QCOMPARE(m_panel->model.statusMessage(), QStringLiteral("Error saving"));
-    QCOMPARE(m_panel->model.statusType(), NotePanelModel::StatusType::error);
-    QCOMPARE(m_panel->model.noteContent(), QStringLiteral("precious"));
-    QCOMPARE(m_panel->model.selectedQuickTags(), tags);
-    QVERIFY(m_panel->hasDraftFile());
-    QCOMPARE(closed.count(), 0);
-}
-
-void NotePanelModelTest::saveNote_closesLater()
-{
-    QSignalSpy closed(&m_panel->model, &NotePanelModel::closeRequested);
-    m_panel->model.setNoteContent(QStringLiteral("text"));
-    m_panel->model.saveNote();
-    m_panel->loop.advance(499ms);
-    QCOMPARE(closed.count(), 0);
-    m_panel->loop.advance(1ms);
-    QCOMPARE(closed.count(), 1);
-}
-
-void NotePanelModelTest::status_eachMessageHidesTheLine()
-{
-    NotePanelModel& model = m_panel->model;
-    QVERIFY(!model.showStatus());
-    model.showStatusMessage(QStringLiteral("one"), NotePanelModel::StatusType::info);
-    m_panel->loop.advance(1500ms);
-    model.showStatusMessage(QStringLiteral("two"), NotePanelModel::StatusType::error);
-    QVERIFY(model.showStatus());
-    m_panel->loop.advance(500ms);
-    QVERIFY(!model.showStatus());
-    QCOMPARE(model.statusMessage(), QStringLiteral("two"));
-    QSignalSpy changed(&model, &NotePanelModel::statusChanged);
-    m_panel->loop.advance(10s);
-    QCOMPARE(changed.count(), 0);
-}
-
-void NotePanelModelTest::defaultTags_areOnlyAdded()
-{
-    NotePanelModel& model = m_panel->model;
-    model.toggleQuickTag(m_panel->tag(0));
-    QSignalSpy changed(&model, &NotePanelModel::selectedQuickTagsChanged);
-    model.loadDefaultTags();
-    model.loadDefaultTags();
-    QCOMPARE(model.selectedQuickTags(), (QSet<QUuid>{m_panel->tag(0), m_panel->tag(2)}));
-    QCOMPARE(changed.count(), 1);
-}
-
-void NotePanelModelTest::clearNote_resets()
-{
-    NotePanelModel& model = m_panel->model;
-    model.setNoteContent(QStringLiteral("text"));
-    model.toggleQuickTag(m_panel->tag(0));
-    model.clearNote();
-    QVERIFY(model.noteContent().isEmpty());
-    QCOMPARE(model.selectedQuickTags(), QSet<QUuid>{m_panel->tag(2)});
-    QVERIFY(!m_panel->drafts.currentDraft());
-    QVERIFY(!m_panel->hasDraftFile());
-    QVERIFY(!model.showStatus());
-}
-
-void NotePanelModelTest::appearing_bringsDraftNotesAndTags()
-{
-    writeTestFile(m_panel->home + QStringLiteral("/vault/Inbox/old.md"), "# Old");
-    m_panel->drafts.save(QStringLiteral("unsaved"), {}, QStringLiteral("Fleeting"));
-    m_panel->model.panelAppeared();
-    QCOMPARE(m_panel->model.noteContent(), QStringLiteral("unsaved"));
-    QCOMPARE(m_panel->model.existingNotes().size(), 1);
-    QCOMPARE(m_panel->model.existingNotes()[0].title, QStringLiteral("Old"));
-    QCOMPARE(m_panel->model.selectedQuickTags(), QSet<QUuid>{m_panel->tag(2)});
-    QVERIFY(m_panel->hasDraftFile());
-}
-
-void NotePanelModelTest::opening_restoresButNeverEmpties()
-{
-    NotePanelModel& model = m_panel->model;
-    QSignalSpy focus(&model, &NotePanelModel::editorFocusRequested);
-    model.setNoteContent(QStringLiteral("typed"));
-    m_panel->drafts.clear();
-    model.panelOpened();
-    QCOMPARE(model.noteContent(), QStringLiteral("typed"));
-    m_panel->drafts.save({}, QStringLiteral("a title alone"), QStringLiteral("Fleeting"));
-    model.panelOpened();
-    QCOMPARE(model.noteContent(), QStringLiteral("typed"));
-    m_panel->drafts.save(QStringLiteral("drafted"), {}, QStringLiteral("Fleeting"));
-    model.panelOpened();
-    QCOMPARE(model.noteContent(), QStringLiteral("drafted"));
-    QCOMPARE(focus.count(), 3);
-}
-
-void NotePanelModelTest::selectedTab_announcesChanges()
-{
-    NotePanelModel& model = m_panel->model;
-    QCOMPARE(model.selectedTab(), NotePanelModel::Tab::newNote);
-    QSignalSpy changed(&model, &NotePanelModel::selectedTabChanged);
-    model.setSelectedTab(NotePanelModel::Tab::daily);
-    model.setSelectedTab(NotePanelModel::Tab::daily);
-    QCOMPARE(model.selectedTab(), NotePanelModel::Tab::daily);
-    QCOMPARE(changed.count(), 1);
-}
 
 QTEST_GUILESS_MAIN(NotePanelModelTest)
 #include "NotePanelModelTest.moc"
