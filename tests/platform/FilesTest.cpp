@@ -37,6 +37,28 @@ private Q_SLOTS:
         // Files of the kernel claim to be empty.
         QVERIFY(readFile(QStringLiteral("/proc/self/status")).value().startsWith("Name:"));
     }
+    void replaceIfUnchanged_writesThroughALinkAndOnlyOverWhatWasRead()
+    {
+        writeTestFile(path("sub/real"), "old");
+        makeTestLink(QStringLiteral("sub/real"), path("link"));
+        const QByteArray name = QFile::encodeName(path("sub/real"));
+        QCOMPARE(::chmod(name.constData(), 0640), 0);
+        const bool hasAttributes = ::setxattr(name.constData(), "user.colour", "red", 3, 0) == 0;
+
+        QCOMPARE(replaceFileIfUnchanged(path("link"), "older", "new").value(), ReplaceOutcome::Changed);
+        QCOMPARE(readTestFile(path("sub/real")), "old");
+        QCOMPARE(replaceFileIfUnchanged(path("link"), "old", "new").value(), ReplaceOutcome::Replaced);
+        QCOMPARE(readTestFile(path("sub/real")), "new");
+        QVERIFY(QFileInfo(path("link")).isSymLink());
+        QCOMPARE(QDir(path("sub")).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("real")});
+        struct stat info = {};
+        QCOMPARE(::stat(name.constData(), &info), 0);
+        QCOMPARE(info.st_mode & 07777U, 0640U);
+        QByteArray value(3, '\0');
+        QVERIFY(!hasAttributes || ::getxattr(name.constData(), "user.colour", value.data(), 3) == 3);
+        QVERIFY(!replaceFileIfUnchanged(path("gone"), "", "new"));
+        QVERIFY(!QFileInfo::exists(path("gone")));
+    }
     void replaceFile_keepsLinks_data()
     {
         QTest::addColumn<QString>("target");
