@@ -30,26 +30,25 @@ namespace {
 class Desktop
 {
 public:
-    explicit Desktop(const QByteArray& more = "\"has_completed_setup\": true")
+    explicit Desktop(bool isSetUp = true, QSize panelSize = {460, 560})
     {
-        const QByteArray vault = home.filePath(QStringLiteral("vault")).toUtf8();
-        writeTestFile(directories.ownFolder() + QStringLiteral("/config.json"),
-                      "{\"vault_path\": \"" + vault + "\", " + more + "}");
-        configManager.emplace(directories);
-        draftManager.emplace(directories, runLoop);
-        noteManager.emplace(*configManager, runLoop, sound);
-        delegate.emplace(AppServices{directories, runLoop, center, *configManager, *draftManager, *noteManager, screens,
-                                     windowManager, dialogs});
-        delegate->applicationDidFinishLaunching();
+        configManager.update([&](AppConfig& config) {
+            config.vaultPath = home.filePath(QStringLiteral("vault"));
+            config.hasCompletedSetup = isSetUp;
+            config.panelWidth = panelSize.width();
+            config.panelHeight = panelSize.height();
+        });
+        configManager.save();
+        delegate.applicationDidFinishLaunching();
     }
     void showPanel()
     {
-        delegate->showPanel();
+        delegate.showPanel();
         QVERIFY(QTest::qWaitForWindowActive(&panel()));
     }
 
-    PanelWindow& panel() { return *delegate->panelWindow(); }
-    TriggerButtonWindow& trigger() { return *delegate->triggerWindow(); }
+    PanelWindow& panel() { return *delegate.panelWindow(); }
+    TriggerButtonWindow& trigger() { return *delegate.triggerWindow(); }
     NoteEditor& editor() { return *panel().findChild<NoteEditor*>(); }
     QPushButton* button(const QString& name)
     {
@@ -69,10 +68,11 @@ public:
     FakeScreens screens;
     FakeWindowManager windowManager;
     FakeDialogs dialogs;
-    std::optional<ConfigManager> configManager;
-    std::optional<DraftManager> draftManager;
-    std::optional<NoteManager> noteManager;
-    std::optional<AppDelegate> delegate;
+    ConfigManager configManager{directories};
+    DraftManager draftManager{directories, runLoop};
+    NoteManager noteManager{configManager, runLoop, sound};
+    AppDelegate delegate{AppServices{directories, runLoop, center, configManager, draftManager, noteManager, screens,
+                                     windowManager, dialogs}};
 };
 
 } // namespace
@@ -84,8 +84,8 @@ class AppDelegateTest final : public QObject
 private Q_SLOTS:
     void firstRun_showsTheWizardAloneAndThenTheButton()
     {
-        Desktop desktop("\"has_completed_setup\": false");
-        AppDelegate& delegate = *desktop.delegate;
+        Desktop desktop(false);
+        AppDelegate& delegate = desktop.delegate;
         QVERIFY(delegate.setupWindow()->isVisible());
         delegate.togglePanel();
         delegate.showPanel();
@@ -100,11 +100,11 @@ private Q_SLOTS:
         desktop.runLoop.advance(200ms);
         QVERIFY(delegate.setupWindow() == nullptr);
 
-        Desktop unfinished("\"has_completed_setup\": false");
-        unfinished.delegate->setupWindow()->close();
+        Desktop unfinished(false);
+        unfinished.delegate.setupWindow()->close();
         unfinished.runLoop.advance(1min);
-        QVERIFY(unfinished.delegate->triggerWindow() == nullptr);
-        QVERIFY(!unfinished.configManager->config().hasCompletedSetup);
+        QVERIFY(unfinished.delegate.triggerWindow() == nullptr);
+        QVERIFY(!unfinished.configManager.config().hasCompletedSetup);
     }
 
     void panelSize_isCorrectedAndKept_data()
@@ -121,17 +121,14 @@ private Q_SLOTS:
     {
         QFETCH(QSize, stored);
         QFETCH(QSize, kept);
-        Desktop desktop(QStringLiteral(R"("has_completed_setup": true, "panel_width": %1, "panel_height": %2)")
-                            .arg(stored.width())
-                            .arg(stored.height())
-                            .toUtf8());
+        Desktop desktop(true, stored);
         const auto written = [&desktop] {
             const ConfigManager reloaded(desktop.directories);
             return QSizeF(reloaded.config().panelWidth, reloaded.config().panelHeight).toSize();
         };
         QCOMPARE(written(), kept);
         QTEST(desktop.panel().frameRect().size(), "panel");
-        desktop.delegate->showPanel();
+        desktop.delegate.showPanel();
         desktop.panel().setFrameRect(QRect(100, 100, 520, 640)); // as the user's mouse does
         QTRY_COMPARE(written(), QSize(520, 640));
     }
@@ -141,7 +138,7 @@ private Q_SLOTS:
         Desktop desktop;
         QSignalSpy opened(&desktop.center, &NotificationCenter::panelOpened);
         QVERIFY(!desktop.panel().isVisible());
-        desktop.delegate->togglePanel();
+        desktop.delegate.togglePanel();
         QVERIFY(desktop.panel().isVisible());
         QCOMPARE(desktop.panel().frameRect(), QRect(968, 328, 460, 560));
         desktop.runLoop.advance(99ms);
@@ -149,7 +146,7 @@ private Q_SLOTS:
         desktop.runLoop.advance(1ms);
         QCOMPARE(opened.count(), 1);
 
-        desktop.delegate->togglePanel();
+        desktop.delegate.togglePanel();
         QVERIFY(!desktop.panel().isVisible());
     }
     void panel_closesByItsButtonByEscapeAndByTheDesktop()
@@ -158,7 +155,7 @@ private Q_SLOTS:
         const auto closes = [&](const std::function<void()>& act) {
             desktop.showPanel();
             act();
-            QVERIFY(!desktop.panel().isVisible() && !desktop.delegate->isPanelVisible());
+            QVERIFY(!desktop.panel().isVisible() && !desktop.delegate.isPanelVisible());
         };
         closes([&] { desktop.button(QStringLiteral("Close"))->click(); });
         closes([&] { QTest::keyClick(&desktop.editor(), Qt::Key_Escape); });
@@ -170,9 +167,9 @@ private Q_SLOTS:
         // The second time the user has gone on to a third window.
         for (const WindowManager::WindowId active : {desktop.panel().winId(), WindowManager::WindowId(99)}) {
             desktop.windowManager.active = 77;
-            desktop.delegate->showPanel();
+            desktop.delegate.showPanel();
             desktop.windowManager.active = active;
-            desktop.delegate->hidePanel();
+            desktop.delegate.hidePanel();
             QCOMPARE(desktop.windowManager.activated, QList<WindowManager::WindowId>{77});
         }
     }
@@ -184,7 +181,7 @@ private Q_SLOTS:
         QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("Buy"));
         desktop.runLoop.advance(100ms); // the panel brings the draft back
         QTest::keyClicks(QApplication::focusWidget(), QStringLiteral(" milk"));
-        QCOMPARE(desktop.draftManager->currentDraft()->content, QStringLiteral("Buy milk"));
+        QCOMPARE(desktop.draftManager.currentDraft()->content, QStringLiteral("Buy milk"));
         QTest::keyClick(&desktop.editor(), Qt::Key_Return, Qt::ControlModifier);
         const QString path = desktop.home.filePath(QStringLiteral("vault/Inbox/2026-01-22--140305--buy-milk.md"));
         QVERIFY(readTestFile(path).endsWith("\n---\n\nBuy milk"));
@@ -198,7 +195,7 @@ private Q_SLOTS:
     void trigger_keepsItsPlaceAndSaveClickable()
     {
         Desktop desktop;
-        desktop.delegate->showPanel();
+        desktop.delegate.showPanel();
         const QPushButton* save = desktop.button(QStringLiteral("Save"));
         const auto rightOfSave = [&] { return save->mapToGlobal(save->rect().bottomRight()).x(); };
         QCOMPARE(desktop.trigger().pos(), QPoint(1372, 832));
@@ -224,7 +221,7 @@ private Q_SLOTS:
             QTest::mouseMove(&view, QPoint(28 + points, 28));
             QTest::mouseRelease(&view, Qt::LeftButton, {}, QPoint(28, 28));
             desktop.runLoop.advance(100ms);
-            QCOMPARE(desktop.delegate->isPanelVisible(), isVisible);
+            QCOMPARE(desktop.delegate.isPanelVisible(), isVisible);
         }
     }
 };
