@@ -39,28 +39,25 @@ namespace {
 class Desktop
 {
 public:
-    explicit Desktop(const QByteArray& config = R"({"has_completed_setup": true})")
+    explicit Desktop(bool isSetUp = true, QSize panelSize = {460, 560})
     {
-        if (!config.isEmpty()) {
-            writeTestFile(directories.ownFolder() + QStringLiteral("/config.json"), config);
-        }
-        configManager.emplace(directories);
-        configManager->update(
-            [this](AppConfig& changed) { changed.vaultPath = home.filePath(QStringLiteral("vault")); });
-        draftManager.emplace(directories, runLoop);
-        noteManager.emplace(*configManager, runLoop, sound);
-        signalManager.emplace(directories, *configManager, runLoop, fileEvents);
-        dailyNoteManager.emplace(
-            DailyNoteManager::Services{*configManager, *signalManager, runLoop, fileEvents, workspace});
-        controller.emplace(CheckinWindowController::Services{*configManager, *signalManager, *dailyNoteManager, runLoop,
-                                                             center, sound, popups});
-        delegate.emplace(AppServices{directories, runLoop, center, *configManager, *controller, *draftManager,
-                                     *noteManager, screens, windowManager, dialogs});
-        delegate->applicationDidFinishLaunching();
+        configManager.update([&](AppConfig& config) {
+            config.vaultPath = home.filePath(QStringLiteral("vault"));
+            config.hasCompletedSetup = isSetUp;
+            config.panelWidth = panelSize.width();
+            config.panelHeight = panelSize.height();
+        });
+        configManager.save();
+        delegate.applicationDidFinishLaunching();
+    }
+    void showPanel()
+    {
+        delegate.showPanel();
+        QVERIFY(QTest::qWaitForWindowActive(&panel()));
     }
 
-    PanelWindow& panel() { return *delegate->panelWindow(); }
-    TriggerButtonWindow& trigger() { return *delegate->triggerWindow(); }
+    PanelWindow& panel() { return *delegate.panelWindow(); }
+    TriggerButtonWindow& trigger() { return *delegate.triggerWindow(); }
     NoteEditor& editor() { return *panel().findChild<NoteEditor*>(); }
     QPushButton* button(const QString& name)
     {
@@ -83,13 +80,15 @@ public:
     ManualFileEvents fileEvents;
     TestWorkspace workspace;
     TestPopups popups;
-    std::optional<ConfigManager> configManager;
-    std::optional<DraftManager> draftManager;
-    std::optional<NoteManager> noteManager;
-    std::optional<SignalManager> signalManager;
-    std::optional<DailyNoteManager> dailyNoteManager;
-    std::optional<CheckinWindowController> controller;
-    std::optional<AppDelegate> delegate;
+    ConfigManager configManager{directories};
+    SignalManager signalManager{directories, configManager, runLoop, fileEvents};
+    DailyNoteManager dailyNoteManager{{configManager, signalManager, runLoop, fileEvents, workspace}};
+    CheckinWindowController controller{
+        {configManager, signalManager, dailyNoteManager, runLoop, center, sound, popups}};
+    DraftManager draftManager{directories, runLoop};
+    NoteManager noteManager{configManager, runLoop, sound};
+    AppDelegate delegate{AppServices{directories, runLoop, center, configManager, controller, draftManager, noteManager,
+                                     screens, windowManager, dialogs}};
 };
 
 } // namespace
@@ -101,11 +100,9 @@ class AppDelegateTest final : public QObject
 private Q_SLOTS:
     void firstRun_showsTheWizardAloneAndThenTheButton()
     {
-        Desktop desktop{QByteArray()};
-        AppDelegate& delegate = *desktop.delegate;
+        Desktop desktop(false);
+        AppDelegate& delegate = desktop.delegate;
         QVERIFY(delegate.setupWindow()->isVisible());
-        QCOMPARE(delegate.setupWindow()->windowTitle(), QStringLiteral("Flitmark Setup"));
-        QVERIFY(delegate.triggerWindow() == nullptr);
         delegate.togglePanel();
         delegate.showPanel();
         QVERIFY(!delegate.isPanelVisible());
@@ -118,45 +115,38 @@ private Q_SLOTS:
         QVERIFY(!delegate.setupWindow()->isVisible());
         desktop.runLoop.advance(200ms);
         QVERIFY(delegate.setupWindow() == nullptr);
-    }
-    void wizardClosedUnfinished_leavesNothingBehind()
-    {
-        Desktop desktop{QByteArray()};
-        desktop.delegate->setupWindow()->close();
-        desktop.runLoop.advance(1min);
-        QVERIFY(desktop.delegate->triggerWindow() == nullptr);
-        QVERIFY(!desktop.configManager->config().hasCompletedSetup);
+
+        Desktop unfinished(false);
+        unfinished.delegate.setupWindow()->close();
+        unfinished.runLoop.advance(1min);
+        QVERIFY(unfinished.delegate.triggerWindow() == nullptr);
+        QVERIFY(!unfinished.configManager.config().hasCompletedSetup);
     }
 
-    void panelSize_isTakenFromTheConfigurationAndCorrectedThere_data()
+    void panelSize_isCorrectedAndKept_data()
     {
-        QTest::addColumn<QByteArray>("stored");
+        QTest::addColumn<QSize>("stored");
         QTest::addColumn<QSize>("panel");
-        QTest::addColumn<QSizeF>("kept");
-        const auto row = [](const char* name, const char* size, QSize panel, QSizeF kept) {
-            QTest::newRow(name) << QByteArray(size) << panel << kept;
+        QTest::addColumn<QSize>("kept");
+        QTest::newRow("fits") << QSize(500, 700) << QSize(500, 700) << QSize(500, 700);
+        QTest::newRow("too small") << QSize(300, 200) << QSize(460, 360) << QSize(460, 360);
+        QTest::newRow("one side too small") << QSize(440, 560) << QSize(460, 560) << QSize(460, 560);
+        QTest::newRow("too large") << QSize(900, 900) << QSize(600, 800) << QSize(900, 900);
+    }
+    void panelSize_isCorrectedAndKept()
+    {
+        QFETCH(QSize, stored);
+        QFETCH(QSize, kept);
+        Desktop desktop(true, stored);
+        const auto written = [&desktop] {
+            const ConfigManager reloaded(desktop.directories);
+            return QSizeF(reloaded.config().panelWidth, reloaded.config().panelHeight).toSize();
         };
-        row("fits", R"("panel_width": 500, "panel_height": 700)", {500, 700}, {500, 700});
-        row("too small", R"("panel_width": 300, "panel_height": 200)", {460, 360}, {460, 360});
-        row("one side too small", R"("panel_width": 440, "panel_height": 560)", {460, 560}, {460, 560});
-        row("too large", R"("panel_width": 900, "panel_height": 900)", {600, 800}, {900, 900});
-    }
-    void panelSize_isTakenFromTheConfigurationAndCorrectedThere()
-    {
-        QFETCH(QByteArray, stored);
-        QFETCH(QSizeF, kept);
-        Desktop desktop("{\"has_completed_setup\": true, " + stored + "}");
-        const ConfigManager reloaded(desktop.directories);
-        QCOMPARE(QSizeF(reloaded.config().panelWidth, reloaded.config().panelHeight), kept);
+        QCOMPARE(written(), kept);
         QTEST(desktop.panel().frameRect().size(), "panel");
-    }
-    void panelSize_changedByTheUser_isWritten()
-    {
-        Desktop desktop;
-        desktop.delegate->showPanel();
-        desktop.panel().setFrameRect(QRect(100, 100, 520, 640));
-        QTRY_COMPARE(ConfigManager(desktop.directories).config().panelWidth, 520.0);
-        QCOMPARE(ConfigManager(desktop.directories).config().panelHeight, 640.0);
+        desktop.delegate.showPanel();
+        desktop.panel().setFrameRect(QRect(100, 100, 520, 640)); // as the user's mouse does
+        QTRY_COMPARE(written(), QSize(520, 640));
     }
 
     void togglePanel_showsItInTheCornerAndAnnouncesIt()
@@ -164,8 +154,7 @@ private Q_SLOTS:
         Desktop desktop;
         QSignalSpy opened(&desktop.center, &NotificationCenter::panelOpened);
         QVERIFY(!desktop.panel().isVisible());
-
-        desktop.delegate->togglePanel();
+        desktop.delegate.togglePanel();
         QVERIFY(desktop.panel().isVisible());
         QCOMPARE(desktop.panel().frameRect(), QRect(968, 328, 460, 560));
         desktop.runLoop.advance(99ms);
@@ -173,19 +162,16 @@ private Q_SLOTS:
         desktop.runLoop.advance(1ms);
         QCOMPARE(opened.count(), 1);
 
-        desktop.delegate->togglePanel();
+        desktop.delegate.togglePanel();
         QVERIFY(!desktop.panel().isVisible());
-        QVERIFY(!desktop.delegate->isPanelVisible());
     }
     void panel_closesByItsButtonByEscapeAndByTheDesktop()
     {
         Desktop desktop;
         const auto closes = [&](const std::function<void()>& act) {
-            desktop.delegate->showPanel();
-            QVERIFY(QTest::qWaitForWindowActive(&desktop.panel()));
+            desktop.showPanel();
             act();
-            QVERIFY(!desktop.panel().isVisible());
-            QVERIFY(!desktop.delegate->isPanelVisible());
+            QVERIFY(!desktop.panel().isVisible() && !desktop.delegate.isPanelVisible());
         };
         closes([&] { desktop.button(QStringLiteral("Close"))->click(); });
         closes([&] { QTest::keyClick(&desktop.editor(), Qt::Key_Escape); });
@@ -194,36 +180,24 @@ private Q_SLOTS:
     void hidingThePanel_givesTheKeyboardBackOnlyIfThePanelHasIt()
     {
         Desktop desktop;
-        desktop.windowManager.active = 77;
-        desktop.delegate->showPanel();
-        desktop.windowManager.active = desktop.panel().winId();
-        desktop.delegate->hidePanel();
-        QCOMPARE(desktop.windowManager.activated, QList<WindowManager::WindowId>{77});
-
-        desktop.windowManager.active = 77;
-        desktop.delegate->showPanel();
-        desktop.windowManager.active = 99; // the user has gone on to a third window
-        desktop.delegate->hidePanel();
-        QCOMPARE(desktop.windowManager.activated.size(), 1);
+        // The second time the user has gone on to a third window.
+        for (const WindowManager::WindowId active : {desktop.panel().winId(), WindowManager::WindowId(99)}) {
+            desktop.windowManager.active = 77;
+            desktop.delegate.showPanel();
+            desktop.windowManager.active = active;
+            desktop.delegate.hidePanel();
+            QCOMPARE(desktop.windowManager.activated, QList<WindowManager::WindowId>{77});
+        }
     }
 
-    void typedRightAfterShowing_isInTheNoteAndInTheDraft()
+    void typedAndSavedByKey_isInTheDraftAndThenInTheNote()
     {
         Desktop desktop;
-        desktop.delegate->showPanel();
-        QVERIFY(QTest::qWaitForWindowActive(&desktop.panel()));
-        QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("now"));
+        desktop.showPanel();
+        QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("Buy"));
         desktop.runLoop.advance(100ms); // the panel brings the draft back
-        QTest::keyClicks(QApplication::focusWidget(), QStringLiteral(" or never"));
-        QCOMPARE(desktop.editor().text(), QStringLiteral("now or never"));
-        QCOMPARE(desktop.draftManager->currentDraft()->content, QStringLiteral("now or never"));
-    }
-    void saving_byKeyWritesTheNoteAndClosesHalfASecondLater()
-    {
-        Desktop desktop;
-        desktop.delegate->showPanel();
-        QVERIFY(QTest::qWaitForWindowActive(&desktop.panel()));
-        QTest::keyClicks(&desktop.editor(), QStringLiteral("Buy milk"));
+        QTest::keyClicks(QApplication::focusWidget(), QStringLiteral(" milk"));
+        QCOMPARE(desktop.draftManager.currentDraft()->content, QStringLiteral("Buy milk"));
         QTest::keyClick(&desktop.editor(), Qt::Key_Return, Qt::ControlModifier);
         const QString path = desktop.home.filePath(QStringLiteral("vault/Inbox/2026-01-22--140305--buy-milk.md"));
         QVERIFY(readTestFile(path).endsWith("\n---\n\nBuy milk"));
@@ -234,44 +208,36 @@ private Q_SLOTS:
         QVERIFY(!desktop.panel().isVisible());
     }
 
-    void trigger_keepsItsPlaceWhenTheScreenShrinks()
+    void trigger_keepsItsPlaceAndSaveClickable()
     {
         Desktop desktop;
-        QCOMPARE(desktop.trigger().pos(), QPoint(1372, 832));
-        Q_EMIT desktop.trigger().view().draggedTo(QPointF(700, 300));
-        QCOMPARE(desktop.trigger().pos(), QPoint(700, 300));
-        Q_EMIT desktop.trigger().view().draggedTo(QPointF(5000, 5000));
-        QCOMPARE(desktop.trigger().pos(), QPoint(1372, 832));
-
-        desktop.screens.frames = ScreenFrames{QRectF(0, 0, 800, 600), QRectF(0, 0, 800, 600)};
-        Q_EMIT desktop.screens.changed();
-        const QPoint corner = desktop.trigger().pos();
-        QCOMPARE(corner.x(), 732);
-        QVERIFY(corner.y() + 56 <= 600 - 12);
-        desktop.screens.frames.reset();
-        Q_EMIT desktop.screens.changed();
-        QCOMPARE(desktop.trigger().pos(), corner);
-    }
-    void trigger_overThePanelsCorner_leavesSaveClickable()
-    {
-        Desktop desktop;
-        desktop.delegate->showPanel();
+        desktop.delegate.showPanel();
         const QPushButton* save = desktop.button(QStringLiteral("Save"));
         const auto rightOfSave = [&] { return save->mapToGlobal(save->rect().bottomRight()).x(); };
+        QCOMPARE(desktop.trigger().pos(), QPoint(1372, 832));
         QTRY_VERIFY(rightOfSave() < desktop.trigger().x());
-        Q_EMIT desktop.trigger().view().draggedTo(QPointF(100, 100));
+        Q_EMIT desktop.trigger().view().draggedTo(QPointF(700, 300));
+        QCOMPARE(desktop.trigger().pos(), QPoint(700, 300));
         QTRY_COMPARE(rightOfSave(), desktop.panel().frameRect().right() - 16);
+
+        desktop.screens.frames = ScreenFrames{QRectF(0, 0, 640, 600), QRectF(0, 0, 640, 600)};
+        Q_EMIT desktop.screens.changed();
+        QCOMPARE(desktop.trigger().x(), 572);
+        QVERIFY(desktop.trigger().frameGeometry().bottom() < 600 - 12);
+        desktop.screens.frames.reset();
+        Q_EMIT desktop.screens.changed();
+        QCOMPARE(desktop.trigger().x(), 572);
     }
     void trigger_showsTheRunningPomodoro()
     {
         Desktop desktop;
         TriggerButtonView& view = desktop.trigger().view();
-        desktop.controller->startPomodoroTimer();
+        desktop.controller.startPomodoroTimer();
         QVERIFY(!view.isTimerActive());
         desktop.runLoop.advance(8min);
         QVERIFY(view.isTimerActive());
         QVERIFY(view.accessibleDescription().contains(QStringLiteral("12 minutes")));
-        desktop.controller->restartTimer();
+        desktop.controller.restartTimer();
         QVERIFY(!view.isTimerActive());
     }
     void triggerMenu_opensByPointerAndByKey()
@@ -291,7 +257,7 @@ private Q_SLOTS:
     void quitting_endsTheProgramWithThePanelOpen()
     {
         Desktop desktop;
-        desktop.delegate->showPanel();
+        desktop.delegate.showPanel();
         QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(28, 28), QPoint(1400, 860));
         QCoreApplication::sendEvent(&desktop.trigger().view(), &event);
         auto* menu = desktop.trigger().findChild<TriggerMenu*>();
@@ -310,19 +276,13 @@ private Q_SLOTS:
     {
         Desktop desktop;
         TriggerButtonView& view = desktop.trigger().view();
-        const auto drag = [&](int points) {
-            const QPoint start(28, 28);
-            QTest::mousePress(&view, Qt::LeftButton, {}, start);
-            QTest::mouseMove(&view, start + QPoint(points, 0));
-            QTest::mouseRelease(&view, Qt::LeftButton, {}, start);
+        for (const auto& [points, isVisible] : {std::pair(1, true), std::pair(-3, true), std::pair(0, false)}) {
+            QTest::mousePress(&view, Qt::LeftButton, {}, QPoint(28, 28));
+            QTest::mouseMove(&view, QPoint(28 + points, 28));
+            QTest::mouseRelease(&view, Qt::LeftButton, {}, QPoint(28, 28));
             desktop.runLoop.advance(100ms);
-        };
-        drag(1);
-        QVERIFY(desktop.delegate->isPanelVisible());
-        drag(-3);
-        QVERIFY(desktop.delegate->isPanelVisible());
-        drag(0);
-        QVERIFY(!desktop.delegate->isPanelVisible());
+            QCOMPARE(desktop.delegate.isPanelVisible(), isVisible);
+        }
     }
 };
 

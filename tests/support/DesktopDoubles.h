@@ -29,9 +29,8 @@ class FakeWindowManager final : public WindowManager
 public:
     WindowId active = 0;
     QList<WindowId> activated;
-    bool composites = true;
 
-    bool isCompositing() const override { return composites; }
+    bool isCompositing() const override { return true; }
     void makeCompanion(QWindow&) override {}
     void keepAbove(QWindow&, QWindow&) override {}
     void setInputArea(QWindow&, const QRect&) override {}

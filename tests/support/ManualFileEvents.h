@@ -25,9 +25,8 @@ public:
         if (isBroken) {
             return tl::unexpected(FileError{QStringLiteral("Broken")});
         }
-        const int descriptor = m_nextDescriptor++;
-        m_open.insert(descriptor, {path, wanted, std::move(handler)});
-        return std::make_unique<Source>(*this, descriptor);
+        m_open.insert(++m_lastDescriptor, {path, wanted, std::move(handler)});
+        return std::make_unique<Source>(m_open, m_lastDescriptor);
     }
 
     /// Reports `events` to every watch on `path` that asked for one of them.
@@ -63,31 +62,25 @@ private:
         FileEventSource::Handler handler;
     };
 
-    class Source final : public FileEventSource
+    struct Source final : FileEventSource
     {
-    public:
-        Source(ManualFileEvents& owner, int descriptor)
-            : m_owner(owner)
-            , m_descriptor(descriptor)
+        Source(QHash<int, Watch>& watches, int number)
+            : open(watches)
+            , key(number)
         {
         }
-        ~Source() override { Source::cancel(); }
+        ~Source() override { open.remove(key); }
         Q_DISABLE_COPY_MOVE(Source)
 
-        void cancel() override
-        {
-            m_owner.m_open.remove(m_descriptor);
-            m_descriptor = -1;
-        }
-        int descriptor() const override { return m_descriptor; }
+        void cancel() override { open.remove(std::exchange(key, -1)); }
+        int descriptor() const override { return key; }
 
-    private:
-        ManualFileEvents& m_owner;
-        int m_descriptor;
+        QHash<int, Watch>& open;
+        int key;
     };
 
     QHash<int, Watch> m_open;
-    int m_nextDescriptor = 100;
+    int m_lastDescriptor = 99;
 };
 
 } // namespace flitmark

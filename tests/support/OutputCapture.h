@@ -3,9 +3,13 @@
 
 #pragma once
 
-#include <QString>
-#include <QStringList>
+#include <support/TestFiles.h>
+
 #include <QTemporaryFile>
+
+#include <unistd.h>
+
+#include <cstdio>
 
 namespace flitmark {
 
@@ -13,16 +17,31 @@ namespace flitmark {
 class OutputCapture
 {
 public:
-    OutputCapture();
-    ~OutputCapture();
+    OutputCapture()
+    {
+        std::fflush(stdout);
+        if (m_file.open()) {
+            ::dup2(m_file.handle(), STDOUT_FILENO);
+        }
+    }
+    ~OutputCapture()
+    {
+        std::fflush(stdout);
+        ::dup2(m_savedOutput, STDOUT_FILENO);
+        ::close(m_savedOutput);
+    }
     Q_DISABLE_COPY_MOVE(OutputCapture)
 
     /// The lines printed so far, without their line breaks.
-    QStringList lines();
+    QStringList lines()
+    {
+        std::fflush(stdout);
+        return QString::fromUtf8(readTestFile(m_file.fileName())).split(u'\n', Qt::SkipEmptyParts);
+    }
 
 private:
     QTemporaryFile m_file;
-    int m_savedOutput;
+    int m_savedOutput = ::dup(STDOUT_FILENO);
 };
 
 } // namespace flitmark
