@@ -34,38 +34,28 @@ SETTLE_SECONDS = 2.0
 START_TIMEOUT_SECONDS = 30
 
 
-class MapWatch:
-    """Hears from the X server when a window is put on screen, without asking again and again."""
+def wait_for_window(watch):
+    """Returns as soon as the X server tells of the next window that is put on screen."""
+    heard = b""
+    while b"MapNotify event" not in heard:
+        if not select.select([watch.stdout], [], [], START_TIMEOUT_SECONDS)[0]:
+            raise TimeoutError("no window came on screen")
+        heard += os.read(watch.stdout.fileno(), 65536)
 
-    def __init__(self, desktop):
-        self._process = processes.start(["xev", "-root", "-event", "substructure"], desktop.environment,
-                                        stdout=subprocess.PIPE)
-        self._pending = b""
-        os.set_blocking(self._process.stdout.fileno(), False)
 
-    def forget(self):
-        """Drops what has been heard so far."""
-        while self._read(0.2):
-            pass
-        self._pending = b""
-
-    def wait(self):
-        """The time at which the next window was heard to be mapped."""
-        deadline = time.monotonic() + START_TIMEOUT_SECONDS
-        while b"MapNotify event" not in self._pending:
-            if time.monotonic() > deadline:
-                raise TimeoutError("no window came on screen")
-            self._read(1.0)
-        return time.monotonic()
-
-    def _read(self, timeout):
-        if not select.select([self._process.stdout], [], [], timeout)[0]:
-            return False
-        self._pending += os.read(self._process.stdout.fileno(), 65536)
-        return True
-
-    def stop(self):
-        processes.stop(self._process)
+def start_time(desktop, command, home):
+    """The milliseconds to the command's first window."""
+    environment = desktop.environment | {"HOME": str(home.folder)}
+    environment.pop("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", None)
+    watch = processes.start(["xev", "-root", "-event", "substructure"], desktop.environment, stdout=subprocess.PIPE)
+    time.sleep(0.2)
+    begin = time.monotonic()
+    process = processes.start(shlex.split(command), environment)
+    wait_for_window(watch)
+    elapsed = (time.monotonic() - begin) * 1000
+    processes.stop(process)
+    processes.stop(watch)
+    return elapsed
 
 
 def pss_mib(process_id):
@@ -74,23 +64,6 @@ def pss_mib(process_id):
         if line.startswith("Pss:"):
             return int(line.split()[1]) / 1024
     raise RuntimeError("no PSS in smaps_rollup")
-
-
-def start_times(desktop, watch, commands, home):
-    """The milliseconds to the first window of each command, measured in turn so that all see the same computer."""
-    times = {command: [] for command in commands}
-    for run in range(WARM_UPS + RUNS):
-        for command in commands:
-            watch.forget()
-            environment = desktop.environment | {"HOME": str(home.folder)}
-            environment.pop("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", None)
-            begin = time.monotonic()
-            process = processes.start(shlex.split(command), environment)
-            elapsed = (watch.wait() - begin) * 1000
-            processes.stop(process)
-            if run >= WARM_UPS:
-                times[command].append(elapsed)
-    return times
 
 
 def memory(desktop, home):
@@ -121,14 +94,13 @@ def main():
         home = Home(Path(folder) / "user")
         home.make_vault()
         home.complete_setup()
-        watch = MapWatch(desktop)
-        times = start_times(desktop, watch, [program, *others], home)
-        watch.stop()
+        commands = [program, *others]
+        # In turn, so that all see the same computer. The first rounds warm it up.
+        rounds = [[start_time(desktop, command, home) for command in commands] for _ in range(WARM_UPS + RUNS)]
         before, after = memory(desktop, home)
 
     print(f"{'start to first window, ms':40} {'median':>8} {'least':>8} {'most':>8}")
-    for command, values in times.items():
-        name = "flitmark" if command == program else command
+    for name, values in zip(["flitmark", *others], zip(*rounds[WARM_UPS:])):
         print(f"{name:40} {statistics.median(values):8.1f} {min(values):8.1f} {max(values):8.1f}")
     print(f"\n{'memory (PSS), MiB':40}")
     print(f"{'panel never opened':40} {before:8.1f}")
