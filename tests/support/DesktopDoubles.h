@@ -30,7 +30,9 @@ public:
     WindowId active = 0;
     QList<WindowId> activated;
 
-    bool isCompositing() const override { return true; }
+    bool composites = true;
+
+    bool isCompositing() const override { return composites; }
     void makeCompanion(QWindow&) override {}
     void keepAbove(QWindow&, QWindow&) override {}
     void setInputArea(QWindow&, const QRect&) override {}

@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: 2026 The Flitmark authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QElapsedTimer>
+#include <QList>
+
+#include <algorithm>
+
+namespace flitmark {
+
+/// The milliseconds that `work` takes.
+template<typename Work>
+double milliseconds(Work work)
+{
+    QElapsedTimer timer;
+    timer.start();
+    work();
+    return static_cast<double>(timer.nsecsElapsed()) / 1e6;
+}
+
+/// The milliseconds that `count` runs of `step` take, least first. Each run is given its number.
+template<typename Step>
+QList<double> sortedTimes(int count, Step step)
+{
+    QList<double> times;
+    for (int i = 0; i < count; ++i) {
+        times.append(milliseconds([&] { step(i); }));
+    }
+    std::sort(times.begin(), times.end());
+    return times;
+}
+
+/// The median of `count` runs of `step`, in milliseconds.
+template<typename Step>
+double median(int count, Step step)
+{
+    return sortedTimes(count, step)[count / 2];
+}
+
+} // namespace flitmark
