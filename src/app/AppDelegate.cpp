@@ -111,7 +111,7 @@ void AppDelegate::showTriggerMenu(const QPoint& position)
 {
     auto* menu = new TriggerMenu(m_services.checkinWindowController, m_services.notificationCenter,
                                  m_services.windowManager, m_triggerWindow.get());
-    // Not quit(), which asks every window to close first: the panel would only hide, and the program go on.
+    // At once: everything is on disk already, so no window is asked whether it may close.
     connect(menu, &TriggerMenu::quitChosen, this, [] { QCoreApplication::exit(0); });
     menu->openAt(position);
 }

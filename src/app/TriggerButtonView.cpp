@@ -9,7 +9,6 @@
 
 #include <QMouseEvent>
 #include <QPainter>
-#include <QPainterPath>
 #include <QStyle>
 
 #include <algorithm>
@@ -53,13 +52,17 @@ QRectF circle(double radius)
     return {center - radius, center - radius, 2 * radius, 2 * radius};
 }
 
-/// The surroundings of the place where an arc of `progress` ends, running clockwise from the top.
-QRectF aroundEnd(double progress)
+/// The place where an arc of `progress` ends, running clockwise from the top.
+QPointF onRing(double progress)
 {
     constexpr double center = TriggerButtonView::side / 2.0;
     const double angle = 2 * M_PI * progress;
-    const QPointF end(center + RingProgress::radius * std::sin(angle), center - RingProgress::radius * std::cos(angle));
-    return QRectF(-ringWidth, -ringWidth, 2 * ringWidth, 2 * ringWidth).translated(end);
+    return {center + RingProgress::radius * std::sin(angle), center - RingProgress::radius * std::cos(angle)};
+}
+
+QRectF aroundEnd(double progress)
+{
+    return QRectF(-ringWidth, -ringWidth, 2 * ringWidth, 2 * ringWidth).translated(onRing(progress));
 }
 
 QRectF discRect()
@@ -156,12 +159,15 @@ void TriggerButtonView::paintRing(QPainter& painter) const
     QColor accent = ThemeScope::of(*this).accent;
     accent.setAlphaF(0.9F);
     painter.setPen(QPen(accent, ringWidth, Qt::SolidLine, Qt::RoundCap));
-    // Sixteenths of a degree, counter-clockwise from three o'clock, are too coarse for an arc that creeps: a path takes
-    // them as they come.
-    QPainterPath arc;
-    arc.arcMoveTo(circle(RingProgress::radius), 90);
-    arc.arcTo(circle(RingProgress::radius), 90, -360 * m_ring.drawn());
-    painter.drawPath(arc);
+    // Degree by degree: the curves of an arc are computed from its length, and would waver where nothing is painted
+    // anew.
+    QPolygonF arc;
+    const double degrees = 360 * m_ring.drawn();
+    for (int degree = 0; degree < degrees; ++degree) {
+        arc.append(onRing(degree / 360.0));
+    }
+    arc.append(onRing(m_ring.drawn()));
+    painter.drawPolyline(arc);
 }
 
 void TriggerButtonView::paintEvent(QPaintEvent*)

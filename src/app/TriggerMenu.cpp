@@ -11,7 +11,8 @@ TriggerMenu::TriggerMenu(CheckinWindowController& controller, NotificationCenter
                          WindowManager& windowManager, QWidget* parent)
     : Menu(windowManager, parent)
 {
-    setAccessibleName(tr("Flitmark"));
+    setWindowTitle(tr("Flitmark Menu"));
+    setAccessibleName(windowTitle());
     addPomodoroItems(controller, notificationCenter);
     addSeparator();
     connect(addItem(tr("Quit Flitmark")), &QAction::triggered, this, &TriggerMenu::quitChosen);

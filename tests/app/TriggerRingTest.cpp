@@ -45,7 +45,10 @@ public:
 
     bool eventFilter(QObject*, QEvent* event) override
     {
-        paints += event->type() == QEvent::Paint ? 1 : 0;
+        if (event->type() == QEvent::Paint) {
+            ++paints;
+            painted += static_cast<const QPaintEvent*>(event)->region();
+        }
         return false;
     }
     /// How often the button was painted while `progress` was set.
@@ -53,9 +56,17 @@ public:
     {
         QCoreApplication::processEvents();
         paints = 0;
+        painted = {};
         window.view().setTimerProgress(progress, 12min);
         QCoreApplication::processEvents();
         return paints;
+    }
+    QImage picture()
+    {
+        QImage image(56, 56, QImage::Format_ARGB32);
+        image.fill(Qt::white);
+        window.view().render(&image, {}, {}, QWidget::DrawChildren);
+        return image;
     }
     /// The colour in the middle of the ring's line, `turn` of the circle from the top.
     QColor ringAt(double turn)
@@ -73,6 +84,7 @@ public:
     TriggerButtonWindow window{windowManager, loop};
     bool isShown = false;
     int paints = 0;
+    QRegion painted;
 };
 
 } // namespace
@@ -169,6 +181,24 @@ private Q_SLOTS:
         QCOMPARE(button.paintsFor(0.45), 1);
         QCOMPARE(button.paintsFor(1.0), 1);
         QCOMPARE(button.paintsFor(1.0), 0);
+    }
+    void button_paintsAllThatIsNew()
+    {
+        Button button;
+        button.paintsFor(0.99);
+        QImage before = button.picture();
+        for (double progress = 0.985; progress > 0; progress -= 0.011) {
+            button.paintsFor(progress);
+            const QRegion painted = button.painted;
+            QVERIFY2(painted.boundingRect().width() < 20, "only the end of the arc");
+            const QImage after = button.picture();
+            for (int y = 0; y < after.height(); ++y) {
+                for (int x = 0; x < after.width(); ++x) {
+                    QVERIFY(painted.contains(QPoint(x, y)) || before.pixel(x, y) == after.pixel(x, y));
+                }
+            }
+            before = after;
+        }
     }
     void button_drawsTheArcClockwiseFromTheTop()
     {
