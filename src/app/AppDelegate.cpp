@@ -6,6 +6,7 @@
 #include <app/Placement.h>
 #include <app/TriggerButtonView.h>
 #include <app/TriggerButtonWindow.h>
+#include <capture/BrowseModel.h>
 #include <capture/DraftManager.h>
 #include <capture/NoteManager.h>
 #include <capture/NotePanelModel.h>
@@ -16,6 +17,7 @@
 #include <platform/RunLoop.h>
 #include <platform/Screens.h>
 #include <platform/WindowManager.h>
+#include <platform/Workspace.h>
 #include <setup/SetupWizardWindow.h>
 #include <ui/ThemeScope.h>
 
@@ -38,6 +40,7 @@ AppServices AppServices::shared()
         .screens = Screens::shared(),
         .windowManager = WindowManager::shared(),
         .dialogs = Dialogs::shared(),
+        .workspace = Workspace::shared(),
     };
 }
 
@@ -96,7 +99,9 @@ void AppDelegate::setupNotePanel()
 {
     m_panelModel = std::make_unique<NotePanelModel>(m_services.configManager, m_services.draftManager,
                                                     m_services.noteManager, m_services.runLoop);
-    m_panelWindow = std::make_unique<PanelWindow>(m_services.windowManager, m_services.configManager, *m_panelModel);
+    m_browseModel = std::make_unique<BrowseModel>(m_services.configManager, m_services.workspace, m_services.runLoop);
+    m_panelWindow = std::make_unique<PanelWindow>(m_services.windowManager, m_services.configManager,
+                                                  NotePanelModels{*m_panelModel, *m_browseModel});
     m_panelWindow->keepFreeFor(m_triggerWindow->geometry());
     connect(m_panelWindow.get(), &FloatingWindow::closeAsked, this, &AppDelegate::hidePanel);
     connect(&m_panelWindow->view(), &NotePanelView::closeAsked, this, &AppDelegate::hidePanel);

@@ -13,6 +13,7 @@
 
 namespace flitmark {
 
+class BrowseModel;
 class ConfigManager;
 class Dialogs;
 class DraftManager;
@@ -25,6 +26,7 @@ class Screens;
 class SetupWizardWindow;
 class TriggerButtonWindow;
 class WindowManager;
+class Workspace;
 
 /// What the application delegate works with, in the order in which it comes to life.
 struct AppServices
@@ -38,6 +40,7 @@ struct AppServices
     Screens& screens;
     WindowManager& windowManager;
     Dialogs& dialogs;
+    Workspace& workspace;
 
     /// The long-lived services of the process, each made now unless it is there already.
     static AppServices shared();
@@ -89,6 +92,7 @@ private:
 
     AppServices m_services;
     std::unique_ptr<NotePanelModel> m_panelModel;
+    std::unique_ptr<BrowseModel> m_browseModel;
     std::unique_ptr<TriggerButtonWindow> m_triggerWindow;
     std::unique_ptr<PanelWindow> m_panelWindow;
     std::unique_ptr<SetupWizardWindow> m_setupWindow;

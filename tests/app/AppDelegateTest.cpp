@@ -15,6 +15,7 @@
 #include <support/ManualRunLoop.h>
 #include <support/RecordingSound.h>
 #include <support/TestFiles.h>
+#include <support/TestWorkspace.h>
 
 #include <QApplication>
 #include <QPushButton>
@@ -41,7 +42,7 @@ public:
         draftManager.emplace(directories, runLoop);
         noteManager.emplace(*configManager, runLoop, sound);
         delegate.emplace(AppServices{directories, runLoop, center, *configManager, *draftManager, *noteManager, screens,
-                                     windowManager, dialogs});
+                                     windowManager, dialogs, workspace});
         delegate->applicationDidFinishLaunching();
     }
 
@@ -66,6 +67,7 @@ public:
     FakeScreens screens;
     FakeWindowManager windowManager;
     FakeDialogs dialogs;
+    TestWorkspace workspace;
     std::optional<ConfigManager> configManager;
     std::optional<DraftManager> draftManager;
     std::optional<NoteManager> noteManager;

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Flitmark authors
 // SPDX-License-Identifier: MIT
 
+#include <capture/BrowseModel.h>
 #include <capture/DraftManager.h>
 #include <capture/NoteEditor.h>
 #include <capture/NoteManager.h>
@@ -9,6 +10,7 @@
 #include <config/ConfigManager.h>
 #include <support/ManualRunLoop.h>
 #include <support/RecordingSound.h>
+#include <support/TestWorkspace.h>
 #include <ui/ChipButton.h>
 
 #include <QApplication>
@@ -69,7 +71,9 @@ struct Panel
     DraftManager draftManager{directories, runLoop};
     NoteManager noteManager{configManager, runLoop, sound};
     NotePanelModel model{configManager, draftManager, noteManager, runLoop};
-    NotePanelView view{model, configManager, nullptr};
+    TestWorkspace workspace;
+    BrowseModel browse{configManager, workspace, runLoop};
+    NotePanelView view{{model, browse}, configManager, nullptr};
     bool isActive = false;
 };
 
