@@ -11,7 +11,10 @@
 #include <capture/NoteManager.h>
 #include <capture/NotePanelModel.h>
 #include <capture/NotePanelView.h>
+#include <checkin/CheckinWindowController.h>
 #include <config/ConfigManager.h>
+#include <daily/DailyNoteManager.h>
+#include <daily/DailyTabModel.h>
 #include <platform/Dialogs.h>
 #include <platform/NotificationCenter.h>
 #include <platform/RunLoop.h>
@@ -19,6 +22,7 @@
 #include <platform/WindowManager.h>
 #include <platform/Workspace.h>
 #include <setup/SetupWizardWindow.h>
+#include <signals/SignalManager.h>
 #include <ui/ThemeScope.h>
 
 #include <QWindow>
@@ -35,6 +39,9 @@ AppServices AppServices::shared()
         .runLoop = RunLoop::shared(),
         .notificationCenter = NotificationCenter::shared(),
         .configManager = ConfigManager::shared(),
+        .checkinWindowController = CheckinWindowController::shared(),
+        .signalManager = SignalManager::shared(),
+        .dailyNoteManager = DailyNoteManager::shared(),
         .draftManager = DraftManager::shared(),
         .noteManager = NoteManager::shared(),
         .screens = Screens::shared(),
@@ -66,6 +73,7 @@ void AppDelegate::setupMainUI()
 {
     setupTriggerButton();
     setupNotePanel();
+    m_services.checkinWindowController.startDailyReviewTimer();
 }
 
 void AppDelegate::setupTriggerButton()
@@ -100,8 +108,15 @@ void AppDelegate::setupNotePanel()
     m_panelModel = std::make_unique<NotePanelModel>(m_services.configManager, m_services.draftManager,
                                                     m_services.noteManager, m_services.runLoop);
     m_browseModel = std::make_unique<BrowseModel>(m_services.configManager, m_services.workspace, m_services.runLoop);
+    m_dailyModel = std::make_unique<DailyTabModel>(DailyTabModel::Services{
+        .dailyNoteManager = m_services.dailyNoteManager,
+        .signalManager = m_services.signalManager,
+        .checkinController = m_services.checkinWindowController,
+        .notificationCenter = m_services.notificationCenter,
+        .runLoop = m_services.runLoop,
+    });
     m_panelWindow = std::make_unique<PanelWindow>(m_services.windowManager, m_services.configManager,
-                                                  NotePanelModels{*m_panelModel, *m_browseModel});
+                                                  NotePanelModels{*m_panelModel, *m_browseModel, *m_dailyModel});
     m_panelWindow->keepFreeFor(m_triggerWindow->geometry());
     connect(m_panelWindow.get(), &FloatingWindow::closeAsked, this, &AppDelegate::hidePanel);
     connect(&m_panelWindow->view(), &NotePanelView::closeAsked, this, &AppDelegate::hidePanel);

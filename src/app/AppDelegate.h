@@ -14,7 +14,10 @@
 namespace flitmark {
 
 class BrowseModel;
+class CheckinWindowController;
 class ConfigManager;
+class DailyNoteManager;
+class DailyTabModel;
 class Dialogs;
 class DraftManager;
 class NoteManager;
@@ -24,6 +27,7 @@ class PanelWindow;
 class RunLoop;
 class Screens;
 class SetupWizardWindow;
+class SignalManager;
 class TriggerButtonWindow;
 class WindowManager;
 class Workspace;
@@ -35,6 +39,9 @@ struct AppServices
     RunLoop& runLoop;
     NotificationCenter& notificationCenter;
     ConfigManager& configManager;
+    CheckinWindowController& checkinWindowController;
+    SignalManager& signalManager;
+    DailyNoteManager& dailyNoteManager;
     DraftManager& draftManager;
     NoteManager& noteManager;
     Screens& screens;
@@ -93,6 +100,7 @@ private:
     AppServices m_services;
     std::unique_ptr<NotePanelModel> m_panelModel;
     std::unique_ptr<BrowseModel> m_browseModel;
+    std::unique_ptr<DailyTabModel> m_dailyModel;
     std::unique_ptr<TriggerButtonWindow> m_triggerWindow;
     std::unique_ptr<PanelWindow> m_panelWindow;
     std::unique_ptr<SetupWizardWindow> m_setupWindow;

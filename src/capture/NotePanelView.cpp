@@ -5,8 +5,8 @@
 #include <capture/NewTabView.h>
 #include <capture/NotePanelModel.h>
 #include <capture/NotePanelView.h>
+#include <daily/DailyTabView.h>
 #include <ui/IconButton.h>
-#include <ui/Label.h>
 #include <ui/SegmentedTabs.h>
 
 #include <QHBoxLayout>
@@ -15,28 +15,13 @@
 
 namespace flitmark {
 
-namespace {
-
-/// What a tab shows whose view is not part of the program yet.
-QWidget* makeComingPage(const QString& text)
-{
-    auto* page = new QWidget;
-    auto* layout = new QVBoxLayout(page);
-    auto* label = new Label(text);
-    label->setColor(&Theme::text2);
-    label->setAlignment(Qt::AlignCenter);
-    layout->addWidget(label, 0, Qt::AlignCenter);
-    return page;
-}
-
-} // namespace
-
 NotePanelView::NotePanelView(const NotePanelModels& models, ConfigManager& configManager, QWidget* parent)
     : QWidget(parent)
     , m_model(models.panel)
     , m_tabs(new SegmentedTabs)
     , m_newTab(new NewTabView(models.panel, configManager))
     , m_browse(new BrowseView(models.browse))
+    , m_daily(new DailyTabView(models.daily, *this))
 {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
@@ -48,7 +33,7 @@ NotePanelView::NotePanelView(const NotePanelModels& models, ConfigManager& confi
     // In the order of NotePanelModel::Tab.
     m_pages->addWidget(m_newTab);
     m_pages->addWidget(m_browse);
-    m_pages->addWidget(makeComingPage(tr("The daily note is not part of this version yet.")));
+    m_pages->addWidget(m_daily);
 
     connect(m_tabs, &SegmentedTabs::currentChanged, this,
             [this](int index) { m_model.setSelectedTab(static_cast<NotePanelModel::Tab>(index)); });
@@ -90,7 +75,7 @@ void NotePanelView::takeKeyboard()
         m_browse->takeKeyboard();
         break;
     case NotePanelModel::Tab::daily:
-        m_pages->currentWidget()->setFocus();
+        m_daily->takeKeyboard();
         break;
     }
 }
@@ -98,6 +83,7 @@ void NotePanelView::takeKeyboard()
 void NotePanelView::setCornerReserve(int width)
 {
     m_newTab->setCornerReserve(width);
+    m_daily->setCornerReserve(width);
 }
 
 void NotePanelView::showSelectedTab()
@@ -108,6 +94,7 @@ void NotePanelView::showSelectedTab()
     if (m_model.selectedTab() == NotePanelModel::Tab::browse) {
         m_browse->appeared();
     }
+    m_daily->setTabShown(m_model.selectedTab() == NotePanelModel::Tab::daily);
 }
 
 } // namespace flitmark

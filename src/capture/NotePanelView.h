@@ -12,6 +12,8 @@ namespace flitmark {
 class BrowseModel;
 class BrowseView;
 class ConfigManager;
+class DailyTabModel;
+class DailyTabView;
 class NewTabView;
 class NotePanelModel;
 class SegmentedTabs;
@@ -21,6 +23,7 @@ struct NotePanelModels
 {
     NotePanelModel& panel;
     BrowseModel& browse;
+    DailyTabModel& daily;
 };
 
 /// The content of the note panel: the header with its three tabs, and the view of the selected one.
@@ -54,6 +57,7 @@ private:
     QStackedLayout* m_pages;
     NewTabView* m_newTab;
     BrowseView* m_browse;
+    DailyTabView* m_daily;
 };
 
 } // namespace flitmark

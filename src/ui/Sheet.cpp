@@ -100,8 +100,9 @@ void Sheet::dismiss()
     }
     const QWidget* focused = window()->focusWidget();
     const bool hasKeyboard = focused == this || isAncestorOf(focused);
-    if (hasKeyboard && m_previousFocus && m_previousFocus->isEnabled()) {
-        m_previousFocus->setFocus();
+    if (hasKeyboard) {
+        const bool canReturn = m_previousFocus && m_previousFocus->isEnabled() && !m_previousFocus->isHidden();
+        (canReturn ? m_previousFocus.data() : &m_host)->setFocus();
     }
     m_previousFocus.clear();
     hide();

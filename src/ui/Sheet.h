@@ -26,7 +26,7 @@ public:
     /// Opens the sheet and gives it the keyboard, without choosing any of its controls: what is being typed answers
     /// nothing.
     void open();
-    /// Closes it and gives the keyboard back to what had it before.
+    /// Closes it and gives the keyboard back to what had it before; to the host where that is gone.
     void dismiss();
 
 Q_SIGNALS:

@@ -15,7 +15,7 @@
 #include <support/ManualRunLoop.h>
 #include <support/RecordingSound.h>
 #include <support/TestFiles.h>
-#include <support/TestWorkspace.h>
+#include <support/TestServices.h>
 
 #include <QApplication>
 #include <QPushButton>
@@ -41,7 +41,8 @@ public:
             [this](AppConfig& changed) { changed.vaultPath = home.filePath(QStringLiteral("vault")); });
         draftManager.emplace(directories, runLoop);
         noteManager.emplace(*configManager, runLoop, sound);
-        delegate.emplace(AppServices{directories, runLoop, center, *configManager, *draftManager, *noteManager, screens,
+        delegate.emplace(AppServices{directories, runLoop, center, *configManager, services.controller,
+                                     services.signalManager, services.daily, *draftManager, *noteManager, screens,
                                      windowManager, dialogs, workspace});
         delegate->applicationDidFinishLaunching();
     }
@@ -52,7 +53,7 @@ public:
     QPushButton* button(const QString& name)
     {
         for (QPushButton* button : panel().findChildren<QPushButton*>()) {
-            if (button->accessibleName() == name || button->text() == name) {
+            if ((button->accessibleName() == name || button->text() == name) && button->isVisibleTo(&panel())) {
                 return button;
             }
         }
@@ -68,6 +69,7 @@ public:
     FakeWindowManager windowManager;
     FakeDialogs dialogs;
     TestWorkspace workspace;
+    TestServices services;
     std::optional<ConfigManager> configManager;
     std::optional<DraftManager> draftManager;
     std::optional<NoteManager> noteManager;
