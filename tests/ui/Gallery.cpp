@@ -28,6 +28,8 @@
 #include <QDir>
 #include <QGridLayout>
 
+#include "PanelPictures.h"
+
 #include <cstdio>
 #include <functional>
 
@@ -390,6 +392,7 @@ int main(int argc, char** argv)
             isComplete = save(*components, folder.filePath(file), scale) && isComplete;
         }
     }
+    isComplete = savePanelPictures(folder) && isComplete;
     isComplete = saveWizards(folder) && isComplete;
     return isComplete ? 0 : 1;
 }
