@@ -7,18 +7,23 @@
 #include <app/TriggerButtonView.h>
 #include <app/TriggerButtonWindow.h>
 #include <app/TriggerMenu.h>
+#include <capture/BrowseModel.h>
 #include <capture/DraftManager.h>
 #include <capture/NoteManager.h>
 #include <capture/NotePanelModel.h>
 #include <capture/NotePanelView.h>
 #include <checkin/CheckinWindowController.h>
 #include <config/ConfigManager.h>
+#include <daily/DailyNoteManager.h>
+#include <daily/DailyTabModel.h>
 #include <platform/Dialogs.h>
 #include <platform/NotificationCenter.h>
 #include <platform/RunLoop.h>
 #include <platform/Screens.h>
 #include <platform/WindowManager.h>
+#include <platform/Workspace.h>
 #include <setup/SetupWizardWindow.h>
+#include <signals/SignalManager.h>
 #include <ui/ThemeScope.h>
 
 #include <QCoreApplication>
@@ -37,11 +42,14 @@ AppServices AppServices::shared()
         .notificationCenter = NotificationCenter::shared(),
         .configManager = ConfigManager::shared(),
         .checkinWindowController = CheckinWindowController::shared(),
+        .signalManager = SignalManager::shared(),
+        .dailyNoteManager = DailyNoteManager::shared(),
         .draftManager = DraftManager::shared(),
         .noteManager = NoteManager::shared(),
         .screens = Screens::shared(),
         .windowManager = WindowManager::shared(),
         .dialogs = Dialogs::shared(),
+        .workspace = Workspace::shared(),
     };
 }
 
@@ -120,7 +128,16 @@ void AppDelegate::setupNotePanel()
 {
     m_panelModel = std::make_unique<NotePanelModel>(m_services.configManager, m_services.draftManager,
                                                     m_services.noteManager, m_services.runLoop);
-    m_panelWindow = std::make_unique<PanelWindow>(m_services.windowManager, m_services.configManager, *m_panelModel);
+    m_browseModel = std::make_unique<BrowseModel>(m_services.configManager, m_services.workspace, m_services.runLoop);
+    m_dailyModel = std::make_unique<DailyTabModel>(DailyTabModel::Services{
+        .dailyNoteManager = m_services.dailyNoteManager,
+        .signalManager = m_services.signalManager,
+        .checkinController = m_services.checkinWindowController,
+        .notificationCenter = m_services.notificationCenter,
+        .runLoop = m_services.runLoop,
+    });
+    m_panelWindow = std::make_unique<PanelWindow>(m_services.windowManager, m_services.configManager,
+                                                  NotePanelModels{*m_panelModel, *m_browseModel, *m_dailyModel});
     m_panelWindow->keepFreeFor(m_triggerWindow->geometry());
     connect(m_panelWindow.get(), &FloatingWindow::closeAsked, this, &AppDelegate::hidePanel);
     connect(&m_panelWindow->view(), &NotePanelView::closeAsked, this, &AppDelegate::hidePanel);

@@ -13,8 +13,11 @@
 
 namespace flitmark {
 
+class BrowseModel;
 class CheckinWindowController;
 class ConfigManager;
+class DailyNoteManager;
+class DailyTabModel;
 class Dialogs;
 class DraftManager;
 class NoteManager;
@@ -24,8 +27,10 @@ class PanelWindow;
 class RunLoop;
 class Screens;
 class SetupWizardWindow;
+class SignalManager;
 class TriggerButtonWindow;
 class WindowManager;
+class Workspace;
 
 /// What the application delegate works with, in the order in which it comes to life.
 struct AppServices
@@ -35,11 +40,14 @@ struct AppServices
     NotificationCenter& notificationCenter;
     ConfigManager& configManager;
     CheckinWindowController& checkinWindowController;
+    SignalManager& signalManager;
+    DailyNoteManager& dailyNoteManager;
     DraftManager& draftManager;
     NoteManager& noteManager;
     Screens& screens;
     WindowManager& windowManager;
     Dialogs& dialogs;
+    Workspace& workspace;
 
     /// The long-lived services of the process, each made now unless it is there already.
     static AppServices shared();
@@ -93,6 +101,8 @@ private:
 
     AppServices m_services;
     std::unique_ptr<NotePanelModel> m_panelModel;
+    std::unique_ptr<BrowseModel> m_browseModel;
+    std::unique_ptr<DailyTabModel> m_dailyModel;
     std::unique_ptr<TriggerButtonWindow> m_triggerWindow;
     std::unique_ptr<PanelWindow> m_panelWindow;
     std::unique_ptr<SetupWizardWindow> m_setupWindow;

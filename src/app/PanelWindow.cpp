@@ -11,10 +11,10 @@
 
 namespace flitmark {
 
-PanelWindow::PanelWindow(WindowManager& windowManager, ConfigManager& configManager, NotePanelModel& model)
+PanelWindow::PanelWindow(WindowManager& windowManager, ConfigManager& configManager, const NotePanelModels& models)
     : FloatingWindow(windowManager, Resizing::ByEdges)
     , m_configManager(configManager)
-    , m_view(new NotePanelView(model, configManager, content()))
+    , m_view(new NotePanelView(models, configManager, content()))
 {
     setWindowTitle(tr("Flitmark"));
     auto* layout = new QVBoxLayout(content());

@@ -8,8 +8,8 @@
 namespace flitmark {
 
 class ConfigManager;
-class NotePanelModel;
 class NotePanelView;
+struct NotePanelModels;
 
 /// The window of the note panel. It takes the keyboard when it is shown, gives it back to the window that had it when
 /// it is hidden, and keeps the size the user gives it in the configuration.
@@ -22,7 +22,7 @@ public:
     static constexpr QSize maximumPanelSize{600, 800};
 
     /// Takes its size from the configuration, and corrects one that is too small there.
-    PanelWindow(WindowManager& windowManager, ConfigManager& configManager, NotePanelModel& model);
+    PanelWindow(WindowManager& windowManager, ConfigManager& configManager, const NotePanelModels& models);
     Q_DISABLE_COPY_MOVE(PanelWindow)
 
     NotePanelView& view() { return *m_view; }

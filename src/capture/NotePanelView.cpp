@@ -1,11 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Flitmark authors
 // SPDX-License-Identifier: MIT
 
+#include <capture/BrowseView.h>
 #include <capture/NewTabView.h>
 #include <capture/NotePanelModel.h>
 #include <capture/NotePanelView.h>
+#include <daily/DailyTabView.h>
 #include <ui/IconButton.h>
-#include <ui/Label.h>
 #include <ui/SegmentedTabs.h>
 
 #include <QHBoxLayout>
@@ -14,27 +15,13 @@
 
 namespace flitmark {
 
-namespace {
-
-/// What a tab shows whose view is not part of the program yet.
-QWidget* makeComingPage(const QString& text)
-{
-    auto* page = new QWidget;
-    auto* layout = new QVBoxLayout(page);
-    auto* label = new Label(text);
-    label->setColor(&Theme::text2);
-    label->setAlignment(Qt::AlignCenter);
-    layout->addWidget(label, 0, Qt::AlignCenter);
-    return page;
-}
-
-} // namespace
-
-NotePanelView::NotePanelView(NotePanelModel& model, ConfigManager& configManager, QWidget* parent)
+NotePanelView::NotePanelView(const NotePanelModels& models, ConfigManager& configManager, QWidget* parent)
     : QWidget(parent)
-    , m_model(model)
+    , m_model(models.panel)
     , m_tabs(new SegmentedTabs)
-    , m_newTab(new NewTabView(model, configManager))
+    , m_newTab(new NewTabView(models.panel, configManager))
+    , m_browse(new BrowseView(models.browse))
+    , m_daily(new DailyTabView(models.daily, *this))
 {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
@@ -45,13 +32,13 @@ NotePanelView::NotePanelView(NotePanelModel& model, ConfigManager& configManager
 
     // In the order of NotePanelModel::Tab.
     m_pages->addWidget(m_newTab);
-    m_pages->addWidget(makeComingPage(tr("Browsing the vault is not part of this version yet.")));
-    m_pages->addWidget(makeComingPage(tr("The daily note is not part of this version yet.")));
+    m_pages->addWidget(m_browse);
+    m_pages->addWidget(m_daily);
 
     connect(m_tabs, &SegmentedTabs::currentChanged, this,
             [this](int index) { m_model.setSelectedTab(static_cast<NotePanelModel::Tab>(index)); });
-    connect(&model, &NotePanelModel::selectedTabChanged, this, &NotePanelView::showSelectedTab);
-    connect(&model, &NotePanelModel::editorFocusRequested, this, &NotePanelView::takeKeyboard);
+    connect(&m_model, &NotePanelModel::selectedTabChanged, this, &NotePanelView::showSelectedTab);
+    connect(&m_model, &NotePanelModel::editorFocusRequested, this, &NotePanelView::takeKeyboard);
 
     auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
     connect(escape, &QShortcut::activated, this, &NotePanelView::closeAsked);
@@ -80,16 +67,23 @@ QWidget* NotePanelView::makeHeader()
 
 void NotePanelView::takeKeyboard()
 {
-    if (m_model.selectedTab() == NotePanelModel::Tab::newNote) {
+    switch (m_model.selectedTab()) {
+    case NotePanelModel::Tab::newNote:
         m_newTab->takeKeyboard();
-    } else {
-        m_pages->currentWidget()->setFocus();
+        break;
+    case NotePanelModel::Tab::browse:
+        m_browse->takeKeyboard();
+        break;
+    case NotePanelModel::Tab::daily:
+        m_daily->takeKeyboard();
+        break;
     }
 }
 
 void NotePanelView::setCornerReserve(int width)
 {
     m_newTab->setCornerReserve(width);
+    m_daily->setCornerReserve(width);
 }
 
 void NotePanelView::showSelectedTab()
@@ -97,6 +91,10 @@ void NotePanelView::showSelectedTab()
     const int index = static_cast<int>(m_model.selectedTab());
     m_tabs->setCurrentIndex(index);
     m_pages->setCurrentIndex(index);
+    if (m_model.selectedTab() == NotePanelModel::Tab::browse) {
+        m_browse->appeared();
+    }
+    m_daily->setTabShown(m_model.selectedTab() == NotePanelModel::Tab::daily);
 }
 
 } // namespace flitmark

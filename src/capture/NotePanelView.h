@@ -9,10 +9,22 @@ class QStackedLayout;
 
 namespace flitmark {
 
+class BrowseModel;
+class BrowseView;
 class ConfigManager;
+class DailyTabModel;
+class DailyTabView;
 class NewTabView;
 class NotePanelModel;
 class SegmentedTabs;
+
+/// What the panel and its tabs show.
+struct NotePanelModels
+{
+    NotePanelModel& panel;
+    BrowseModel& browse;
+    DailyTabModel& daily;
+};
 
 /// The content of the note panel: the header with its three tabs, and the view of the selected one.
 class NotePanelView final : public QWidget
@@ -23,7 +35,8 @@ public:
     /// How far controls reach up from the panel's lower edge, in points: the part a button over the corner can cover.
     static constexpr int footerReach = 60;
 
-    NotePanelView(NotePanelModel& model, ConfigManager& configManager, QWidget* parent);
+    /// The models and the configuration must outlive it.
+    NotePanelView(const NotePanelModels& models, ConfigManager& configManager, QWidget* parent);
     Q_DISABLE_COPY_MOVE(NotePanelView)
 
     /// Puts the keyboard where the selected tab wants it.
@@ -43,6 +56,8 @@ private:
     SegmentedTabs* m_tabs;
     QStackedLayout* m_pages;
     NewTabView* m_newTab;
+    BrowseView* m_browse;
+    DailyTabView* m_daily;
 };
 
 } // namespace flitmark

@@ -28,30 +28,35 @@ QSize RowContent::sizeHint() const
 
 void RowContent::paint(QPainter& painter, const QWidget& row, const ControlState& state) const
 {
-    const Theme& theme = ThemeScope::of(row);
-    const QRectF box = row.rect();
+    paint(painter, row.rect(), ThemeScope::of(row), {state.level(), state.showsFocus(), row.isEnabled()});
+}
+
+void RowContent::paint(QPainter& painter, const QRectF& box, const Theme& theme, const RowState& state) const
+{
     if (isSelected) {
         painting::fillRounded(painter, box, painting::controlRadius, theme.sel);
     } else if (ground == RowGround::Card) {
         painting::fillRounded(painter, box, painting::controlRadius, theme.card);
     }
-    painting::fillRounded(painter, box, painting::controlRadius, painting::stateLayer(theme, state.level()));
+    painting::fillRounded(painter, box, painting::controlRadius, painting::stateLayer(theme, state.level));
 
     const double padding = ground == RowGround::Card ? 12 : 8;
     QRectF area = box.adjusted(padding, 0, -padding, 0);
-    const double top = (box.height() - symbolSize) / 2;
-    const QColor marked = !row.isEnabled() ? theme.off : isSelected ? theme.selMark : theme.*symbolColor;
+    const double top = box.top() + (box.height() - symbolSize) / 2;
+    const QColor marked = !state.isEnabled ? theme.off : isSelected ? theme.selMark : theme.*symbolColor;
     if (!symbol.isEmpty()) {
         Symbols::draw(painter, symbol, QRectF(area.left(), top, symbolSize, symbolSize), marked);
         area.setLeft(area.left() + symbolSize + gap);
     }
-    if (isSelected) {
-        const QRectF check(area.right() - symbolSize, top, symbolSize, symbolSize);
-        Symbols::draw(painter, QStringLiteral("checkmark.circle.fill"), check, marked);
-        area.setRight(check.left() - gap);
+    const bool isChecked = isSelected && !trailingSymbol;
+    const QString trailing = isChecked ? QStringLiteral("checkmark.circle.fill") : trailingSymbol.value_or(QString());
+    if (!trailing.isEmpty()) {
+        const QRectF square(area.right() - symbolSize, top, symbolSize, symbolSize);
+        Symbols::draw(painter, trailing, square, isChecked ? marked : isSelected ? theme.selText2 : theme.text2);
+        area.setRight(square.left() - gap);
     }
-    paintTexts(painter, area, theme, row.isEnabled());
-    if (state.showsFocus()) {
+    paintTexts(painter, area, theme, state.isEnabled);
+    if (state.showsFocus) {
         painting::strokeRounded(painter, box, painting::controlRadius, painting::focusWidth, theme.mark);
     }
 }

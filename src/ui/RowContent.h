@@ -7,6 +7,8 @@
 
 #include <QString>
 
+#include <optional>
+
 class QPainter;
 class QRectF;
 class QSize;
@@ -22,6 +24,15 @@ enum class RowGround {
     Card, ///< on a card of its own
 };
 
+/// How a row looks at a moment.
+struct RowState
+{
+    /// 0 at rest, 1 under the pointer, 2 pressed.
+    double level = 0;
+    bool showsFocus = false;
+    bool isEnabled = true;
+};
+
 /// A symbol, a title and, where there is one, a second line: what the rows of lists and menus show.
 struct RowContent
 {
@@ -33,12 +44,16 @@ struct RowContent
     Qt::TextElideMode secondElideMode = Qt::ElideRight;
     RowGround ground = RowGround::None;
     bool isSelected = false;
+    /// The symbol at the right, none where it is empty. Unless set, a selected row shows a check mark there.
+    std::optional<QString> trailingSymbol;
     /// The row's height at text scale 1.
     int height = 40;
 
     /// The size at the text scale of now; the width is the least that makes sense.
     QSize sizeHint() const;
     void paint(QPainter& painter, const QWidget& row, const ControlState& state) const;
+    /// For a row that is no widget of its own.
+    void paint(QPainter& painter, const QRectF& box, const Theme& theme, const RowState& state) const;
 
 private:
     void paintTexts(QPainter& painter, const QRectF& area, const Theme& theme, bool isEnabled) const;

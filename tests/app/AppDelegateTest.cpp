@@ -62,7 +62,7 @@ public:
     QPushButton* button(const QString& name)
     {
         for (QPushButton* button : panel().findChildren<QPushButton*>()) {
-            if (button->accessibleName() == name || button->text() == name) {
+            if ((button->accessibleName() == name || button->text() == name) && button->isVisibleTo(&panel())) {
                 return button;
             }
         }
@@ -87,8 +87,9 @@ public:
         {configManager, signalManager, dailyNoteManager, runLoop, center, sound, popups}};
     DraftManager draftManager{directories, runLoop};
     NoteManager noteManager{configManager, runLoop, sound};
-    AppDelegate delegate{AppServices{directories, runLoop, center, configManager, controller, draftManager, noteManager,
-                                     screens, windowManager, dialogs}};
+    AppDelegate delegate{AppServices{directories, runLoop, center, configManager, controller, signalManager,
+                                     dailyNoteManager, draftManager, noteManager, screens, windowManager, dialogs,
+                                     workspace}};
 };
 
 } // namespace

@@ -1,14 +1,18 @@
 // SPDX-FileCopyrightText: 2026 The Flitmark authors
 // SPDX-License-Identifier: MIT
 
+#include <capture/BrowseModel.h>
 #include <capture/DraftManager.h>
+#include <capture/NewTabView.h>
 #include <capture/NoteEditor.h>
 #include <capture/NoteManager.h>
 #include <capture/NotePanelModel.h>
 #include <capture/NotePanelView.h>
 #include <config/ConfigManager.h>
+#include <daily/DailyTabModel.h>
 #include <support/ManualRunLoop.h>
 #include <support/RecordingSound.h>
+#include <support/TestServices.h>
 #include <ui/ChipButton.h>
 
 #include <QApplication>
@@ -43,7 +47,9 @@ struct Panel
     Widget* find(const QString& name)
     {
         for (Widget* widget : view.findChildren<Widget*>()) {
-            if (widget->accessibleName() == name) {
+            // Not that of a tab out of sight.
+            const QWidget* page = view.findChild<NewTabView*>();
+            if (widget->accessibleName() == name && page->isAncestorOf(widget)) {
                 return widget;
             }
         }
@@ -69,7 +75,12 @@ struct Panel
     DraftManager draftManager{directories, runLoop};
     NoteManager noteManager{configManager, runLoop, sound};
     NotePanelModel model{configManager, draftManager, noteManager, runLoop};
-    NotePanelView view{model, configManager, nullptr};
+    TestWorkspace workspace;
+    BrowseModel browse{configManager, workspace, runLoop};
+    TestServices services;
+    DailyTabModel daily{DailyTabModel::Services{services.daily, services.signalManager, services.controller,
+                                                services.notifications, services.loop}};
+    NotePanelView view{{model, browse, daily}, configManager, nullptr};
     bool isActive = false;
 };
 
@@ -197,6 +208,34 @@ private Q_SLOTS:
         }
         QCOMPARE(panel.model.selectedTab(), NotePanelModel::Tab::newNote);
         QVERIFY(panel.editor().isVisible());
+    }
+    void dailyTab_isToldWhetherItIsShown()
+    {
+        Panel panel;
+        panel.services.setInterval(5);
+        writeTestFile(panel.services.notePath, "## Tasks\n- [ ] a\n");
+        panel.model.setSelectedTab(NotePanelModel::Tab::daily);
+        panel.services.loop.runQueued();
+        QCOMPARE(panel.services.daily.todayNote().tasks.size(), 1);
+        panel.daily.startPomodoro(1);
+        panel.view.hide();
+        panel.services.loop.advance(5min);
+        QCOMPARE(panel.services.note(), QByteArray("## Tasks\n- [ ] a 🍅\n"));
+        panel.model.setSelectedTab(NotePanelModel::Tab::newNote);
+        panel.services.loop.advance(5min);
+        QCOMPARE(panel.services.note(), QByteArray("## Tasks\n- [ ] a 🍅\n"));
+    }
+    void escape_closesTheSheetBeforeThePanel()
+    {
+        Panel panel;
+        QSignalSpy closings(&panel.view, &NotePanelView::closeAsked);
+        panel.model.setSelectedTab(NotePanelModel::Tab::daily);
+        panel.daily.setShowPomodoroTaskPicker(true);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+        QVERIFY(!panel.daily.showPomodoroTaskPicker());
+        QCOMPARE(closings.size(), 0);
+        QTest::keyClick(&panel.view, Qt::Key_Escape);
+        QCOMPARE(closings.size(), 1);
     }
 };
 

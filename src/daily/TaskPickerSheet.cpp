@@ -1,0 +1,171 @@
+// SPDX-FileCopyrightText: 2026 The Flitmark authors
+// SPDX-License-Identifier: MIT
+
+#include <daily/DailyTabModel.h>
+#include <daily/TaskPickerSheet.h>
+#include <ui/ControlState.h>
+#include <ui/Label.h>
+#include <ui/Painting.h>
+#include <ui/ScrollArea.h>
+#include <ui/Surfaces.h>
+#include <ui/ThemeScope.h>
+
+#include <QKeyEvent>
+#include <QPushButton>
+#include <QStackedLayout>
+
+namespace flitmark {
+
+namespace {
+
+constexpr int sheetWidth = 300;
+constexpr int sheetHeight = 320;
+constexpr double tallyOpacity = 0.6;
+
+} // namespace
+
+/// A task to pick: a button named by the task's text, with its tomatoes below it.
+class TaskPickerSheet::Row final : public QPushButton
+{
+public:
+    explicit Row(const TaskPickerRow& task)
+        : m_state(*new ControlState(*this))
+    {
+        setAccessibleName(task.text);
+        setAccessibleDescription(task.tomatoes);
+        QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Minimum);
+        policy.setHeightForWidth(true);
+        setSizePolicy(policy);
+
+        auto* row = new QHBoxLayout(this);
+        row->setContentsMargins(8, 8, 8, 8);
+        row->setSpacing(8);
+        auto* texts = new QVBoxLayout;
+        texts->setSpacing(0);
+        texts->addStretch();
+        auto* text = new Label(task.text);
+        text->setWordWrap(true);
+        texts->addWidget(text);
+        if (!task.tomatoes.isEmpty()) {
+            auto* tally = new Label(task.tomatoes, TextRole::Caption);
+            tally->setOpacity(tallyOpacity);
+            texts->addWidget(tally);
+        }
+        texts->addStretch();
+        row->addLayout(texts, 1);
+        row->addWidget(new SymbolView(QStringLiteral("play.circle"), 20));
+        for (QWidget* part : findChildren<QWidget*>()) {
+            part->setAttribute(Qt::WA_TransparentForMouseEvents);
+        }
+    }
+
+    QSize sizeHint() const override { return layout()->sizeHint().expandedTo(leastSize()); }
+    QSize minimumSizeHint() const override { return layout()->minimumSize().expandedTo(leastSize()); }
+    int heightForWidth(int width) const override
+    {
+        return std::max(layout()->heightForWidth(width), leastSize().height());
+    }
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override
+    {
+        const Theme& theme = ThemeScope::of(*this);
+        QPainter painter(this);
+        painting::fillRounded(painter, rect(), painting::controlRadius, painting::stateLayer(theme, m_state.level()));
+        if (m_state.showsFocus()) {
+            painting::strokeRounded(painter, rect(), painting::controlRadius, painting::focusWidth, theme.mark);
+        }
+    }
+    void keyPressEvent(QKeyEvent* event) override
+    {
+        if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+            click();
+            return;
+        }
+        QPushButton::keyPressEvent(event);
+    }
+
+private:
+    static QSize leastSize() { return {0, 40}; }
+
+    ControlState& m_state;
+};
+
+TaskPickerSheet::TaskPickerSheet(DailyTabModel& model, QWidget& host)
+    : Sheet(tr("Start Pomodoro"), host, sheetWidth, sheetHeight)
+    , m_model(model)
+    , m_body(new QStackedLayout)
+{
+    m_body->addWidget(makeList());
+    m_body->addWidget(makeEmptyView());
+    auto* interval = new Label(QString(), TextRole::Caption);
+    interval->setContentsMargins(16, 8, 16, 12);
+
+    content().addWidget(makeHead(tr("🍅 Start Pomodoro")));
+    content().addLayout(m_body, 1);
+    content().addWidget(new Divider);
+    content().addWidget(interval);
+
+    const auto showInterval = [&model, interval] { interval->setText(model.intervalText()); };
+    connect(&model, &DailyTabModel::intervalTextChanged, interval, showInterval);
+    connect(&model, &DailyTabModel::noteChanged, this, &TaskPickerSheet::showTasks);
+    connect(this, &Sheet::closeAsked, &model, [&model] { model.setShowPomodoroTaskPicker(false); });
+    showInterval();
+    showTasks();
+}
+
+QWidget* TaskPickerSheet::makeList()
+{
+    auto* list = new QWidget;
+    auto* column = new QVBoxLayout(list);
+    column->setContentsMargins(8, 0, 8, 8);
+    column->setSpacing(0);
+    m_column = new QVBoxLayout;
+    m_column->setSpacing(0);
+    column->addLayout(m_column);
+    column->addStretch();
+    auto* area = new ScrollArea;
+    area->setWidget(list);
+    return area;
+}
+
+QWidget* TaskPickerSheet::makeEmptyView()
+{
+    auto* page = new QWidget;
+    auto* column = new QVBoxLayout(page);
+    column->setSpacing(4);
+    column->addStretch();
+    column->addWidget(new Label(tr("No tasks found"), TextRole::Strong), 0, Qt::AlignHCenter);
+    column->addWidget(new Label(tr("Add tasks to your daily note first"), TextRole::Caption), 0, Qt::AlignHCenter);
+    column->addStretch();
+    return page;
+}
+
+void TaskPickerSheet::showTasks()
+{
+    m_body->setCurrentIndex(m_model.hasTasks() ? 0 : 1);
+    const QList<TaskPickerRow> tasks = m_model.pickerRows();
+    if (tasks == m_tasks) {
+        return;
+    }
+    const QWidget* focused = window()->focusWidget();
+    if (isOpen() && focused != nullptr && m_column->parentWidget()->isAncestorOf(focused)) {
+        // The task under the keyboard may be another one now.
+        setFocus();
+    }
+    m_tasks = tasks;
+    for (Row* row : m_rows) {
+        row->hide();
+        row->deleteLater();
+    }
+    m_rows.clear();
+    for (const TaskPickerRow& task : tasks) {
+        auto* row = new Row(task);
+        connect(row, &QPushButton::clicked, &m_model, [this, line = task.lineNumber] { m_model.startPomodoro(line); });
+        m_column->addWidget(row);
+        row->show();
+        m_rows.append(row);
+    }
+}
+
+} // namespace flitmark

@@ -1,0 +1,16 @@
+// SPDX-FileCopyrightText: 2026 The Flitmark authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QAccessible>
+
+class QWidget;
+
+namespace flitmark {
+
+/// Makes `widget` something else to screen readers than its class tells: a group of controls, a dialog inside a window.
+/// To be called before anybody asks for its accessible interface, so best in the constructor.
+void setAccessibleRole(QWidget& widget, QAccessible::Role role);
+
+} // namespace flitmark
