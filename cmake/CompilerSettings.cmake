@@ -22,7 +22,9 @@ target_compile_definitions(
 
 if(FLITMARK_SANITIZE)
   target_compile_options(flitmark_settings INTERFACE -fsanitize=${FLITMARK_SANITIZE} -fno-sanitize-recover=all
-                                                     -fno-omit-frame-pointer)
+                                                     -fno-omit-frame-pointer
+                                                     # The checks it adds make the compiler see paths that are not there.
+                                                     -Wno-maybe-uninitialized)
   target_link_options(flitmark_settings INTERFACE -fsanitize=${FLITMARK_SANITIZE})
   target_compile_definitions(flitmark_settings INTERFACE FLITMARK_SANITIZED)
 endif()
