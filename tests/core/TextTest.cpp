@@ -17,8 +17,9 @@ private Q_SLOTS:
     void splitLines_cutsAtEveryBreak()
     {
         const auto joined = [](const char16_t* text) {
+            const QString whole = QString::fromUtf16(text);
             QStringList lines;
-            for (const QStringView line : splitLines(QString::fromUtf16(text))) {
+            for (const QStringView line : splitLines(whole)) {
                 lines.append(line.toString());
             }
             return lines.join(u'|');
