@@ -96,6 +96,10 @@ private Q_SLOTS:
                                      << "- [ ] ab🍅" << qint64(2);
         QTest::newRow("🍅- [ ]") << "🍅- [x]"
                                 << "- [ ]" << qint64(1);
+        QTest::newRow("- [ ] ไทย 🍅") << "- [x] ไทย 🍅"
+                                     << "- [ ] ไทย" << qint64(1);
+        QTest::newRow("- [ ] मन🍅ဍ") << "- [x] मन🍅ဍ"
+                                    << "- [ ] मनဍ" << qint64(1);
         for (const char* other : {"- [%1] 🍅\uFE0F 🍎", "- [%1] 🍅\u200D🍅", "- [%1] 🍅\u0301"}) {
             const QString line = QString::fromUtf8(other);
             QTest::newRow(qPrintable(line.arg(QChar(u' ')))) << line.arg(QChar(u'x')) << none << qint64(0);
