@@ -38,7 +38,9 @@ void checkInput(const QByteArray& bytes)
     require(RawJson::parse(written)->encode() == written, "writing again changes nothing");
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(bytes, &error);
-    if (error.error == QJsonParseError::NoError) {
+    // Of a key that stands there several times Qt may keep more than one.
+    QStringList keys = document.object().keys();
+    if (error.error == QJsonParseError::NoError && keys.removeDuplicates() == 0) {
         require(document == QJsonDocument::fromJson(written), "the written form says the same");
     }
 
