@@ -7,6 +7,7 @@
 #include <app/TriggerButtonView.h>
 #include <app/TriggerButtonWindow.h>
 #include <app/TriggerMenu.h>
+#include <app/UpdateWindow.h>
 #include <capture/BrowseModel.h>
 #include <capture/DraftManager.h>
 #include <capture/NoteManager.h>
@@ -16,17 +17,23 @@
 #include <config/ConfigManager.h>
 #include <daily/DailyNoteManager.h>
 #include <daily/DailyTabModel.h>
+#include <platform/AppUpdateController.h>
 #include <platform/Dialogs.h>
+#include <platform/KeyMonitor.h>
+#include <platform/LoginItemManager.h>
 #include <platform/NotificationCenter.h>
 #include <platform/RunLoop.h>
 #include <platform/Screens.h>
+#include <platform/UserDefaults.h>
 #include <platform/WindowManager.h>
 #include <platform/Workspace.h>
+#include <settings/HelpWindow.h>
+#include <settings/SettingsWindow.h>
 #include <setup/SetupWizardWindow.h>
 #include <signals/SignalManager.h>
 #include <ui/ThemeScope.h>
 
-#include <QCoreApplication>
+#include <QGuiApplication>
 #include <QWindow>
 
 namespace flitmark {
@@ -41,6 +48,7 @@ AppServices AppServices::shared()
         .runLoop = RunLoop::shared(),
         .notificationCenter = NotificationCenter::shared(),
         .configManager = ConfigManager::shared(),
+        .updateController = AppUpdateController::shared(),
         .checkinWindowController = CheckinWindowController::shared(),
         .signalManager = SignalManager::shared(),
         .dailyNoteManager = DailyNoteManager::shared(),
@@ -50,6 +58,10 @@ AppServices AppServices::shared()
         .windowManager = WindowManager::shared(),
         .dialogs = Dialogs::shared(),
         .workspace = Workspace::shared(),
+        .keyMonitor = KeyMonitor::shared(),
+        .loginItemManager = LoginItemManager::shared(),
+        .userDefaults = UserDefaults::shared(),
+        .screenshotMode = ScreenshotMode::ofEnvironment(),
     };
 }
 
@@ -58,17 +70,25 @@ AppDelegate::AppDelegate(const AppServices& services)
 {
 }
 
-AppDelegate::~AppDelegate() = default;
+AppDelegate::~AppDelegate()
+{
+    delete m_helpWindow;
+}
 
 void AppDelegate::applicationDidFinishLaunching()
 {
-    if (m_services.configManager.config().hasCompletedSetup) {
+    if (isScreenshotMode() || m_services.configManager.config().hasCompletedSetup) {
         setupMainUI();
     } else {
         presentSetupWizard();
     }
+    registerGlobalHotkey();
+    connect(&m_services.notificationCenter, &NotificationCenter::showHelp, this, &AppDelegate::showHelpWindow);
     connect(&m_services.notificationCenter, &NotificationCenter::showDailyTab, this, &AppDelegate::showPanel);
+    handleScreenshotModeIfNeeded();
     connect(&m_services.screens, &Screens::changed, this, &AppDelegate::repositionTriggerButton);
+    connect(&m_services.screens, &Screens::changed, this, &AppDelegate::keepPanelReachable);
+    connect(&m_services.updateController.updater(), &Updater::attentionAsked, this, &AppDelegate::showUpdateWindow);
 }
 
 void AppDelegate::setupMainUI()
@@ -76,6 +96,9 @@ void AppDelegate::setupMainUI()
     setupTriggerButton();
     setupNotePanel();
     m_services.checkinWindowController.startDailyReviewTimer();
+    if (!isScreenshotMode()) {
+        m_services.runLoop.after(500ms, this, [this] { promptForLaunchAtLoginIfNeeded(); });
+    }
 }
 
 void AppDelegate::setupTriggerButton()
@@ -119,6 +142,7 @@ void AppDelegate::showTriggerMenu(const QPoint& position)
 {
     auto* menu = new TriggerMenu(m_services.checkinWindowController, m_services.notificationCenter,
                                  m_services.windowManager, m_triggerWindow.get());
+    connect(menu, &TriggerMenu::settingsChosen, this, &AppDelegate::showSettingsWindow);
     // At once: everything is on disk already, so no window is asked whether it may close.
     connect(menu, &TriggerMenu::quitChosen, this, [] { QCoreApplication::exit(0); });
     menu->openAt(position);
@@ -126,24 +150,30 @@ void AppDelegate::showTriggerMenu(const QPoint& position)
 
 void AppDelegate::setupNotePanel()
 {
+    const DemoMode demoMode = m_services.screenshotMode.demoMode();
     m_panelModel = std::make_unique<NotePanelModel>(m_services.configManager, m_services.draftManager,
-                                                    m_services.noteManager, m_services.runLoop);
-    m_browseModel = std::make_unique<BrowseModel>(m_services.configManager, m_services.workspace, m_services.runLoop);
-    m_dailyModel = std::make_unique<DailyTabModel>(DailyTabModel::Services{
+                                                    m_services.noteManager, m_services.runLoop, demoMode);
+    m_browseModel =
+        std::make_unique<BrowseModel>(m_services.configManager, m_services.workspace, m_services.runLoop, demoMode);
+    const DailyTabModel::Services dailyServices{
         .dailyNoteManager = m_services.dailyNoteManager,
         .signalManager = m_services.signalManager,
         .checkinController = m_services.checkinWindowController,
         .notificationCenter = m_services.notificationCenter,
         .runLoop = m_services.runLoop,
-    });
-    m_panelWindow = std::make_unique<PanelWindow>(m_services.windowManager, m_services.configManager,
-                                                  NotePanelModels{*m_panelModel, *m_browseModel, *m_dailyModel});
+    };
+    m_dailyModel = std::make_unique<DailyTabModel>(dailyServices, demoMode);
+    m_panelWindow =
+        std::make_unique<PanelWindow>(m_services.windowManager, m_services.configManager,
+                                      NotePanelModels{*m_panelModel, *m_browseModel, *m_dailyModel}, demoMode);
     m_panelWindow->keepFreeFor(m_triggerWindow->geometry());
     connect(m_panelWindow.get(), &FloatingWindow::closeAsked, this, &AppDelegate::hidePanel);
     connect(&m_panelWindow->view(), &NotePanelView::closeAsked, this, &AppDelegate::hidePanel);
+    connect(&m_panelWindow->view(), &NotePanelView::settingsAsked, this, &AppDelegate::showSettingsWindow);
     connect(m_panelModel.get(), &NotePanelModel::closeRequested, this, &AppDelegate::hidePanel);
 
     const NotificationCenter* center = &m_services.notificationCenter;
+    connect(center, &NotificationCenter::windowModeChanged, m_panelWindow.get(), &PanelWindow::applyWindowMode);
     NotePanelModel* model = m_panelModel.get();
     connect(center, &NotificationCenter::panelOpened, model, &NotePanelModel::panelOpened);
     connect(center, &NotificationCenter::showNewTab, model,
@@ -152,13 +182,16 @@ void AppDelegate::setupNotePanel()
             [model] { model->setSelectedTab(NotePanelModel::Tab::browse); });
     connect(center, &NotificationCenter::showDailyTab, model,
             [model] { model->setSelectedTab(NotePanelModel::Tab::daily); });
+    if (isScreenshotMode()) {
+        selectScreenshotTab();
+    }
     model->panelAppeared();
 }
 
 void AppDelegate::presentSetupWizard()
 {
-    m_setupWindow =
-        std::make_unique<SetupWizardWindow>(m_services.configManager, m_services.directories, m_services.dialogs);
+    m_setupWindow = std::make_unique<SetupWizardWindow>(m_services.configManager, m_services.directories,
+                                                        m_services.dialogs, m_services.keyMonitor);
     connect(m_setupWindow.get(), &SetupWizardWindow::completed, this, &AppDelegate::finishSetupWizard);
     m_setupWindow->showCentered();
 }
@@ -170,6 +203,24 @@ void AppDelegate::finishSetupWizard()
         setupMainUI();
         m_services.runLoop.after(200ms, this, [this] { m_setupWindow.reset(); });
     });
+}
+
+void AppDelegate::registerGlobalHotkey()
+{
+    connect(&m_services.keyMonitor, &KeyMonitor::hotkeyPressed, this, &AppDelegate::answerHotkey);
+    // What is typed into our own windows is not reported; it must not write a letter into them either.
+    QCoreApplication::instance()->installEventFilter(&m_altKeyFilter);
+    m_services.keyMonitor.start();
+}
+
+void AppDelegate::answerHotkey()
+{
+    togglePanel();
+    if (m_isPanelVisible) {
+        // The desktop has not seen the key, so it would not take our own asking for the user's act.
+        m_services.windowManager.activate(m_panelWindow->winId());
+    }
+    m_services.keyMonitor.giveTypingTo(m_isPanelVisible ? m_panelWindow->winId() : 0);
 }
 
 void AppDelegate::togglePanel()
@@ -189,13 +240,25 @@ void AppDelegate::showPanel()
     if (!m_panelWindow || !m_triggerWindow) {
         return;
     }
-    const QSizeF size = m_panelWindow->frameRect().size();
-    const QPointF origin = panelOrigin(size, m_services.screens.mainScreen());
-    m_panelWindow->makeKeyAndOrderFront(m_services.screens.flipped(QRectF(origin, size)).toRect());
+    m_panelWindow->makeKeyAndOrderFront(panelPlace());
     // Both float; where they meet the button stays above the panel, also after a click into the panel.
     m_services.windowManager.keepAbove(*m_triggerWindow->windowHandle(), *m_panelWindow->windowHandle());
     setPanelVisible(true);
     m_services.runLoop.after(100ms, this, [this] { Q_EMIT m_services.notificationCenter.panelOpened(); });
+}
+
+QRect AppDelegate::panelPlace() const
+{
+    const QSizeF size = m_panelWindow->frameRect().size();
+    const QPointF origin = panelOrigin(size, m_services.screens.mainScreen());
+    return m_services.screens.flipped(QRectF(origin, size)).toRect();
+}
+
+void AppDelegate::keepPanelReachable()
+{
+    if (m_isPanelVisible && QGuiApplication::screenAt(m_panelWindow->frameRect().center()) == nullptr) {
+        m_panelWindow->setFrameRect(panelPlace());
+    }
 }
 
 void AppDelegate::hidePanel()

@@ -2,13 +2,50 @@
 // SPDX-License-Identifier: MIT
 
 #include <app/FlitmarkApp.h>
+#include <app/PlatformChoice.h>
+#include <platform/RunLoop.h>
 #include <platform/SharedServices.h>
+#include <platform/linux/ApplicationBus.h>
+#include <platform/linux/EndSignals.h>
+#include <platform/linux/RunningCopy.h>
+
+#include <QSessionManager>
 
 namespace flitmark {
 
-FlitmarkApp::FlitmarkApp(int& argc, char** argv)
-    : m_application(argc, argv)
+namespace {
+
+using namespace std::chrono_literals;
+
+/// By then the button is on screen.
+constexpr RunLoop::Duration busDelay = 50ms;
+
+} // namespace
+
+/// Ends at once when asked to: everything is on disk already, so no window is asked whether it may close.
+class FlitmarkApp::Application final : public QApplication
 {
+public:
+    using QApplication::QApplication;
+
+protected:
+    bool event(QEvent* event) override
+    {
+        if (event->type() == QEvent::Quit) {
+            exit(0);
+            return true;
+        }
+        return QApplication::event(event);
+    }
+};
+
+FlitmarkApp::FlitmarkApp(int& argc, char** argv, RunningCopy& runningCopy)
+    : m_runningCopy(runningCopy)
+{
+    {
+        const PlatformChoice platform(argc, argv);
+        m_application = std::make_unique<Application>(argc, argv);
+    }
     // What we do not draw ourselves, such as the menus of text fields, looks alike everywhere.
     QApplication::setStyle(QStringLiteral("Fusion"));
     QGuiApplication::setDesktopFileName(QStringLiteral("org.flitmark.Flitmark"));
@@ -16,6 +53,7 @@ FlitmarkApp::FlitmarkApp(int& argc, char** argv)
     QCoreApplication::setApplicationVersion(QStringLiteral(FLITMARK_VERSION));
     // Windows come and go; the program stays until it is told to quit.
     QGuiApplication::setQuitOnLastWindowClosed(false);
+    followSession();
     m_appDelegate = std::make_unique<AppDelegate>(AppServices::shared());
 }
 
@@ -25,9 +63,39 @@ FlitmarkApp::~FlitmarkApp()
     SharedServices::endAll();
 }
 
+void FlitmarkApp::followSession()
+{
+    const auto* signals = new EndSignals(m_application.get());
+    connect(signals, &EndSignals::endAsked, m_application.get(), [] { QCoreApplication::exit(0); });
+    // The login item starts the program, so the session need not.
+    const auto doNotRestart = [](QSessionManager& session) { session.setRestartHint(QSessionManager::RestartNever); };
+    connect(m_application.get(), &QGuiApplication::commitDataRequest, this, doNotRestart, Qt::DirectConnection);
+    connect(m_application.get(), &QGuiApplication::saveStateRequest, this, doNotRestart, Qt::DirectConnection);
+}
+
+void FlitmarkApp::followRequests()
+{
+    if (m_runningCopy.claim() == RunningCopy::Claim::Apart) {
+        return;
+    }
+    connect(&m_runningCopy, &RunningCopy::activationAsked, m_appDelegate.get(), &AppDelegate::activate);
+    m_runningCopy.listen();
+    RunLoop::shared().after(busDelay, m_appDelegate.get(), [this] { joinBus(); });
+}
+
+void FlitmarkApp::joinBus()
+{
+    auto* bus = new ApplicationBus(m_application.get());
+    connect(bus, &ApplicationBus::activationAsked, m_appDelegate.get(), &AppDelegate::activate);
+    connect(bus, &ApplicationBus::actionAsked, m_appDelegate.get(), &AppDelegate::perform);
+    connect(bus, &ApplicationBus::nameTaken, m_application.get(), [] { QCoreApplication::exit(0); });
+    bus->start();
+}
+
 int FlitmarkApp::run()
 {
     m_appDelegate->applicationDidFinishLaunching();
+    followRequests();
     return QApplication::exec();
 }
 

@@ -4,26 +4,42 @@
 #pragma once
 
 #include <app/AppDelegate.h>
+#include <app/PlatformChoice.h>
 
 #include <QApplication>
 
 #include <memory>
 
+class QSessionManager;
+
 namespace flitmark {
 
-/// The application object: the toolkit, the delegate, and the end of all services.
-class FlitmarkApp final
+class RunningCopy;
+
+/// The application object: the toolkit, the delegate, what reaches the program from outside, and the end of all
+/// services.
+class FlitmarkApp final : public QObject
 {
+    Q_OBJECT
+
 public:
-    FlitmarkApp(int& argc, char** argv);
-    ~FlitmarkApp();
+    /// `runningCopy` is this process's claim and must outlive it.
+    FlitmarkApp(int& argc, char** argv, RunningCopy& runningCopy);
+    ~FlitmarkApp() override;
     Q_DISABLE_COPY_MOVE(FlitmarkApp)
 
     /// Runs until the program is told to quit. Returns the exit status.
     int run();
 
 private:
-    QApplication m_application;
+    class Application;
+
+    void followSession();
+    void followRequests();
+    void joinBus();
+
+    RunningCopy& m_runningCopy;
+    std::unique_ptr<Application> m_application;
     std::unique_ptr<AppDelegate> m_appDelegate;
 };
 

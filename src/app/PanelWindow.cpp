@@ -6,12 +6,23 @@
 #include <config/ConfigManager.h>
 #include <ui/ThemeScope.h>
 
+#include <QPainter>
+#include <QPainterPath>
 #include <QVBoxLayout>
 #include <QWindow>
 
+#include <algorithm>
+
 namespace flitmark {
 
-PanelWindow::PanelWindow(WindowManager& windowManager, ConfigManager& configManager, const NotePanelModels& models)
+namespace {
+
+constexpr double lowestOpacity = 0.5;
+
+} // namespace
+
+PanelWindow::PanelWindow(WindowManager& windowManager, ConfigManager& configManager, const NotePanelModels& models,
+                         DemoMode demoMode)
     : FloatingWindow(windowManager, Resizing::ByEdges)
     , m_configManager(configManager)
     , m_view(new NotePanelView(models, configManager, content()))
@@ -21,23 +32,33 @@ PanelWindow::PanelWindow(WindowManager& windowManager, ConfigManager& configMana
     layout->setContentsMargins({});
     layout->addWidget(m_view);
 
-    const AppConfig& config = configManager.config();
-    const QSize stored(qRound(config.panelWidth), qRound(config.panelHeight));
-    const QSize size = stored.expandedTo(minimumPanelSize).boundedTo(maximumPanelSize);
-    setFrameLimits(minimumPanelSize, maximumPanelSize);
-    setFrameRect(QRect(QPoint(0, 0), size));
-    if (config.panelWidth < minimumPanelSize.width() || config.panelHeight < minimumPanelSize.height()) {
-        storeSize();
+    if (demoMode == DemoMode::On) {
+        setFrameLimits(demoPanelSize, demoPanelSize);
+        setFrameRect(QRect(QPoint(0, 0), demoPanelSize));
+    } else {
+        takeStoredSize();
     }
 
-    applyPalette();
-    connect(&configManager, &ConfigManager::configChanged, this, &PanelWindow::applyPalette);
-    connect(this, &FloatingWindow::frameChanged, this, [this] {
+    applyLook();
+    applyWindowMode();
+    connect(&configManager, &ConfigManager::configChanged, this, &PanelWindow::applyLook);
+    connect(this, &FloatingWindow::frameChanged, this, [this, demoMode] {
         layOutCorner();
-        if (isVisible()) {
+        if (isVisible() && demoMode == DemoMode::Off) {
             storeSize();
         }
     });
+}
+
+void PanelWindow::takeStoredSize()
+{
+    const AppConfig& config = m_configManager.config();
+    const QSize stored(qRound(config.panelWidth), qRound(config.panelHeight));
+    setFrameLimits(minimumPanelSize, maximumPanelSize);
+    setFrameRect(QRect(QPoint(0, 0), stored.expandedTo(minimumPanelSize).boundedTo(maximumPanelSize)));
+    if (config.panelWidth < minimumPanelSize.width() || config.panelHeight < minimumPanelSize.height()) {
+        storeSize();
+    }
 }
 
 void PanelWindow::makeKeyAndOrderFront(const QRect& frame)
@@ -54,6 +75,24 @@ void PanelWindow::keepFreeFor(const QRect& triggerFrame)
     layOutCorner();
 }
 
+QImage PanelWindow::snapshot()
+{
+    const QRect frame = content()->geometry();
+    QImage image(frame.size() * devicePixelRatioF(), QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(devicePixelRatioF());
+    image.fill(Qt::transparent);
+    render(&image, {}, QRegion(frame), DrawChildren | IgnoreMask);
+
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    QPainterPath outside;
+    outside.addRect(QRectF({}, frame.size()));
+    outside.addRoundedRect(QRectF({}, frame.size()), frameRadius, frameRadius);
+    painter.setCompositionMode(QPainter::CompositionMode_Clear);
+    painter.fillPath(outside, Qt::black);
+    return image;
+}
+
 void PanelWindow::storeSize()
 {
     const QSizeF size = frameRect().size();
@@ -68,9 +107,17 @@ void PanelWindow::storeSize()
     m_configManager.save();
 }
 
-void PanelWindow::applyPalette()
+void PanelWindow::applyLook()
 {
-    ThemeScope::set(*this, themeOfPalette(m_configManager.config().colorPalette));
+    const AppConfig& config = m_configManager.config();
+    ThemeScope::set(*this, themeOfPalette(config.colorPalette));
+    // However little the file asks for, the panel can be seen.
+    setWindowOpacity(std::clamp(config.windowOpacity, lowestOpacity, 1.0));
+}
+
+void PanelWindow::applyWindowMode()
+{
+    setLevel(m_configManager.config().windowMode == QLatin1String("normal") ? Level::Normal : Level::Floating);
 }
 
 void PanelWindow::layOutCorner()

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <platform/DemoMode.h>
 #include <ui/FloatingWindow.h>
 
 namespace flitmark {
@@ -20,9 +21,13 @@ class PanelWindow final : public FloatingWindow
 public:
     static constexpr QSize minimumPanelSize{460, 360};
     static constexpr QSize maximumPanelSize{600, 800};
+    /// In pictures of the program.
+    static constexpr QSize demoPanelSize{640, 540};
 
-    /// Takes its size from the configuration, and corrects one that is too small there.
-    PanelWindow(WindowManager& windowManager, ConfigManager& configManager, const NotePanelModels& models);
+    /// Takes its size from the configuration, and corrects one that is too small there. In demo mode it has a size of
+    /// its own and leaves the stored one alone.
+    PanelWindow(WindowManager& windowManager, ConfigManager& configManager, const NotePanelModels& models,
+                DemoMode demoMode = DemoMode::Off);
     Q_DISABLE_COPY_MOVE(PanelWindow)
 
     NotePanelView& view() { return *m_view; }
@@ -34,9 +39,16 @@ public:
     /// right corner, the panel keeps that corner free of controls.
     void keepFreeFor(const QRect& triggerFrame);
 
+    /// A picture of the panel: its frame without the shadow, transparent outside the rounded corners, as sharp as the
+    /// screen.
+    QImage snapshot();
+    /// Takes the window mode up from the configuration: "normal" lets other windows cover the panel.
+    void applyWindowMode();
+
 private:
+    void takeStoredSize();
     void storeSize();
-    void applyPalette();
+    void applyLook();
     void layOutCorner();
 
     ConfigManager& m_configManager;

@@ -4,6 +4,7 @@
 #include <app/TriggerButtonView.h>
 #include <app/TriggerButtonWindow.h>
 #include <platform/WindowManager.h>
+#include <ui/AccessibleRole.h>
 
 #include <QWindow>
 
@@ -19,6 +20,7 @@ TriggerButtonWindow::TriggerButtonWindow(WindowManager& windowManager, RunLoop& 
     setAttribute(Qt::WA_ShowWithoutActivating);
     setAttribute(Qt::WA_QuitOnClose, false);
     setWindowTitle(tr("Flitmark Button"));
+    setAccessibleRole(*this, QAccessible::Window);
     setFixedSize(m_view->size());
     connect(m_view, &TriggerButtonView::isTimerActiveChanged, this, &TriggerButtonWindow::followCompositor);
 }

@@ -13,6 +13,9 @@ TriggerMenu::TriggerMenu(CheckinWindowController& controller, NotificationCenter
 {
     setWindowTitle(tr("Flitmark Menu"));
     setAccessibleName(windowTitle());
+    connect(addItem(tr("Settings..."), tr("Ctrl+,")), &QAction::triggered, this, &TriggerMenu::settingsChosen);
+    connect(addItem(tr("Help...")), &QAction::triggered, &notificationCenter, &NotificationCenter::showHelp);
+    addSeparator();
     addPomodoroItems(controller, notificationCenter);
     addSeparator();
     connect(addItem(tr("Quit Flitmark")), &QAction::triggered, this, &TriggerMenu::quitChosen);

@@ -10,7 +10,8 @@ namespace flitmark {
 class CheckinWindowController;
 class NotificationCenter;
 
-/// The trigger button's menu: what can be done with the Pomodoro as it is when the menu is made, and quitting.
+/// The trigger button's menu: settings and help, what can be done with the Pomodoro as it is when the menu is made, and
+/// quitting.
 class TriggerMenu final : public Menu
 {
     Q_OBJECT
@@ -22,6 +23,7 @@ public:
     Q_DISABLE_COPY_MOVE(TriggerMenu)
 
 Q_SIGNALS:
+    void settingsChosen();
     void quitChosen();
 
 private:

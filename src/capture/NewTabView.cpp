@@ -93,7 +93,7 @@ QWidget* NewTabView::makeFooter()
     save->setFocusPolicy(Qt::TabFocus);
     connect(clear, &Button::clicked, &m_model, &NotePanelModel::clearNote);
     connect(save, &Button::clicked, &m_model, &NotePanelModel::saveNote);
-    for (const int key : {Qt::Key_Return, Qt::Key_Enter}) {
+    for (const int key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_S}) {
         auto* shortcut = new QShortcut(QKeySequence(Qt::CTRL | static_cast<Qt::Key>(key)), this);
         connect(shortcut, &QShortcut::activated, &m_model, &NotePanelModel::saveNote);
     }

@@ -27,11 +27,12 @@ QString panelNoteType()
 } // namespace
 
 NotePanelModel::NotePanelModel(ConfigManager& configManager, DraftManager& draftManager, NoteManager& noteManager,
-                               RunLoop& runLoop)
+                               RunLoop& runLoop, DemoMode demoMode)
     : m_configManager(configManager)
     , m_draftManager(draftManager)
     , m_noteManager(noteManager)
     , m_runLoop(runLoop)
+    , m_demoMode(demoMode)
 {
 }
 
@@ -41,7 +42,9 @@ void NotePanelModel::setNoteContent(const QString& content)
         return;
     }
     m_noteContent = content;
-    m_draftManager.save(content, QString(), panelNoteType());
+    if (m_demoMode == DemoMode::Off) {
+        m_draftManager.save(content, QString(), panelNoteType());
+    }
     Q_EMIT noteContentChanged();
 }
 
@@ -125,14 +128,30 @@ void NotePanelModel::clearNote()
 {
     setNoteContent(QString());
     setSelectedQuickTags(defaultTagIds());
-    m_draftManager.clear();
+    if (m_demoMode == DemoMode::Off) {
+        m_draftManager.clear();
+    }
 }
 
 void NotePanelModel::loadDraft()
 {
+    if (m_demoMode == DemoMode::On) {
+        return;
+    }
     if (const auto& draft = m_draftManager.currentDraft(); draft && !draft->content.isEmpty()) {
         // A copy: setting the text writes a new draft.
         setNoteContent(QString(draft->content));
+    }
+}
+
+void NotePanelModel::startWithDemoText()
+{
+    if (m_noteContent.isEmpty()) {
+        setNoteContent(tr("Quick capture demo for Flitmark.\n\n"
+                          "- Capture the raw thought before it disappears\n"
+                          "- Add the default focus tags\n"
+                          "- Save it straight into the Obsidian inbox\n\n"
+                          "Follow up during the next daily review."));
     }
 }
 
@@ -158,6 +177,9 @@ void NotePanelModel::showStatusMessage(const QString& message, StatusType type)
 
 void NotePanelModel::panelAppeared()
 {
+    if (m_demoMode == DemoMode::On) {
+        startWithDemoText();
+    }
     loadDraft();
     loadExistingNotes();
     loadDefaultTags();

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <capture/NoteFile.h>
+#include <platform/DemoMode.h>
 
 #include <QList>
 #include <QObject>
@@ -21,6 +22,8 @@ class RunLoop;
 /// What the note panel shows and does, without its widgets: the text being written and its quick tags, the selected
 /// tab, the status line and the recent notes.
 ///
+/// In demo mode it starts with a text of its own, and leaves the user's draft alone.
+///
 /// Main thread only. The services must outlive it.
 class NotePanelModel final : public QObject
 {
@@ -32,8 +35,8 @@ public:
     enum class StatusType { info, success, error };
     Q_ENUM(StatusType)
 
-    NotePanelModel(ConfigManager& configManager, DraftManager& draftManager, NoteManager& noteManager,
-                   RunLoop& runLoop);
+    NotePanelModel(ConfigManager& configManager, DraftManager& draftManager, NoteManager& noteManager, RunLoop& runLoop,
+                   DemoMode demoMode = DemoMode::Off);
     Q_DISABLE_COPY_MOVE(NotePanelModel)
 
     const QString& noteContent() const { return m_noteContent; }
@@ -87,6 +90,7 @@ Q_SIGNALS:
     void closeRequested();
 
 private:
+    void startWithDemoText();
     void setSelectedQuickTags(const QSet<QUuid>& ids);
     QSet<QUuid> defaultTagIds() const;
     QString composedContent() const;
@@ -95,6 +99,7 @@ private:
     DraftManager& m_draftManager;
     NoteManager& m_noteManager;
     RunLoop& m_runLoop;
+    DemoMode m_demoMode;
     QString m_noteContent;
     Tab m_selectedTab = Tab::newNote;
     QSet<QUuid> m_selectedQuickTags;

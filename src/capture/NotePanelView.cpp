@@ -58,6 +58,10 @@ QWidget* NotePanelView::makeHeader()
     row->addWidget(m_tabs);
     row->addStretch();
 
+    auto* settings = new IconButton(tr("Settings"));
+    settings->setSymbol(QStringLiteral("gear"));
+    connect(settings, &IconButton::clicked, this, &NotePanelView::settingsAsked);
+    row->addWidget(settings);
     auto* close = new IconButton(tr("Close"));
     close->setSymbol(QStringLiteral("xmark.circle.fill"));
     connect(close, &IconButton::clicked, this, &NotePanelView::closeAsked);

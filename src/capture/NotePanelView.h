@@ -47,6 +47,7 @@ public:
 Q_SIGNALS:
     /// The user wants the panel away.
     void closeAsked();
+    void settingsAsked();
 
 private:
     QWidget* makeHeader();

@@ -48,6 +48,7 @@ RunLoop::Duration untilNextMinute(QTime now)
 CheckinWindowController::CheckinWindowController(const Services& services)
     : m_services(services)
     , m_pomodoro(services.runLoop.now())
+    , m_day(services.runLoop.now().date())
 {
 }
 
@@ -198,8 +199,17 @@ void CheckinWindowController::scheduleDailyReviewCheck()
 {
     m_dailyReviewTimer = m_services.runLoop.every(untilNextMinute(m_services.runLoop.now().time()), [this] {
         scheduleDailyReviewCheck();
+        announceNewDay();
         checkDailyReviewSchedule();
     });
+}
+
+void CheckinWindowController::announceNewDay()
+{
+    if (const QDate today = m_services.runLoop.now().date(); m_day != today) {
+        m_day = today;
+        Q_EMIT dayChanged();
+    }
 }
 
 void CheckinWindowController::checkDailyReviewSchedule()

@@ -94,17 +94,21 @@ Q_SIGNALS:
     /// `isRunning()` or `isPaused()` changed.
     void stateChanged();
     void timeRemainingRatioChanged(double ratio);
+    /// Another day has begun, a minute ago at most. Only told once `startDailyReviewTimer` ran.
+    void dayChanged();
 
 private:
     template<typename Change>
     void changePomodoro(Change change);
     void finishInterval();
     void scheduleDailyReviewCheck();
+    void announceNewDay();
     std::chrono::minutes interval() const;
 
     Services m_services;
     PomodoroTimer m_pomodoro;
     DailyReviewSchedule m_dailyReview;
+    QDate m_day;
     std::unique_ptr<RunLoop::Timer> m_checkinTimer;
     std::unique_ptr<RunLoop::Timer> m_countdownTimer;
     std::unique_ptr<RunLoop::Timer> m_dailyReviewTimer;

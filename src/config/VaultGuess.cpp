@@ -3,6 +3,7 @@
 
 #include <config/VaultGuess.h>
 
+#include <QCoreApplication>
 #include <QFileInfo>
 
 namespace flitmark {
@@ -22,6 +23,22 @@ QString inferDefaultVaultPath(const QString& home)
         }
     }
     return home + QStringLiteral("/Documents");
+}
+
+QString vaultPathProblem(const QString& path)
+{
+    const auto tr = [](const char* text) { return QCoreApplication::translate("VaultPath", text); };
+    if (path.isEmpty()) {
+        return tr("Choose the folder of your vault.");
+    }
+    if (!path.startsWith(u'/')) {
+        return tr("This is not a full path: it has to begin with a slash.");
+    }
+    const QFileInfo info(path);
+    if (!info.exists()) {
+        return tr("There is no folder at this path.");
+    }
+    return info.isDir() ? QString() : tr("This is a file, not a folder.");
 }
 
 } // namespace flitmark

@@ -11,4 +11,7 @@ namespace flitmark {
 /// `Documents` there, whether it exists or not. Looks only; creates nothing.
 QString inferDefaultVaultPath(const QString& home);
 
+/// Empty when `path` is the absolute path of a folder that exists, else one sentence for the user.
+QString vaultPathProblem(const QString& path);
+
 } // namespace flitmark

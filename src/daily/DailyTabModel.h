@@ -140,6 +140,7 @@ private:
     void setActiveTask(std::optional<qint64> lineNumber);
     void setShowCoachAlert(bool isShown);
     void followAlert();
+    void followDay();
 
     Services m_services;
     DemoMode m_demoMode;

@@ -15,6 +15,7 @@
 #include <ui/IconButton.h>
 #include <ui/Label.h>
 #include <ui/ScrollArea.h>
+#include <ui/Spinner.h>
 #include <ui/Surfaces.h>
 
 #include <QStackedLayout>
@@ -149,8 +150,7 @@ QWidget* DailyTabView::makeFooter()
 
 QWidget* DailyTabView::makeLoadingPage()
 {
-    return makeCentredPage(
-        {new SymbolView(QStringLiteral("arrow.triangle.2.circlepath"), 20), makeQuietText(tr("Loading..."))});
+    return makeCentredPage({new Spinner, makeQuietText(tr("Loading..."))});
 }
 
 QWidget* DailyTabView::makeEmptyPage()

@@ -109,6 +109,7 @@ TaskPickerSheet::TaskPickerSheet(DailyTabModel& model, QWidget& host)
     const auto showInterval = [&model, interval] { interval->setText(model.intervalText()); };
     connect(&model, &DailyTabModel::intervalTextChanged, interval, showInterval);
     connect(&model, &DailyTabModel::noteChanged, this, &TaskPickerSheet::showTasks);
+    connect(&model, &DailyTabModel::showPomodoroTaskPickerChanged, this, &TaskPickerSheet::showTasks);
     connect(this, &Sheet::closeAsked, &model, [&model] { model.setShowPomodoroTaskPicker(false); });
     showInterval();
     showTasks();
@@ -141,8 +142,12 @@ QWidget* TaskPickerSheet::makeEmptyView()
     return page;
 }
 
+/// Rows nobody sees are not made.
 void TaskPickerSheet::showTasks()
 {
+    if (!m_model.showPomodoroTaskPicker()) {
+        return;
+    }
     m_body->setCurrentIndex(m_model.hasTasks() ? 0 : 1);
     const QList<TaskPickerRow> tasks = m_model.pickerRows();
     if (tasks == m_tasks) {

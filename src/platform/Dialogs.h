@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include <QString>
+#include <QStringList>
 #include <QtGlobal>
 
 #include <functional>
@@ -19,6 +19,16 @@ public:
     /// Is given the absolute path of the folder that was chosen.
     using FolderChosen = std::function<void(const QString& path)>;
 
+    struct Question
+    {
+        QString message;
+        QString details;
+        /// What can be answered: first what Return means, last what closing the question means.
+        QStringList buttons;
+    };
+    /// Is given the index of the button.
+    using Answered = std::function<void(qsizetype button)>;
+
     Dialogs() = default;
     virtual ~Dialogs() = default;
     Q_DISABLE_COPY_MOVE(Dialogs)
@@ -29,6 +39,10 @@ public:
     /// `onChosen` is called on the main thread when the user confirms; it is not called when the user cancels or
     /// `parent` goes before.
     virtual void chooseFolder(QWidget& parent, const QString& message, FolderChosen onChosen) = 0;
+
+    /// Asks in a window of its own, titled by the message, that keeps the user from the program's other windows until
+    /// it is answered; returns at once. `onAnswered` is called on the main thread, once, unless the program ends first.
+    virtual void ask(const Question& question, Answered onAnswered) = 0;
 };
 
 } // namespace flitmark

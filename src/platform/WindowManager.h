@@ -6,6 +6,7 @@
 #include <QtGlobal>
 
 class QRect;
+class QString;
 class QWindow;
 
 namespace flitmark {
@@ -37,6 +38,10 @@ public:
     /// Lets the pointer reach `window` only inside `area` (points, from the window's top left corner); what lies
     /// outside belongs to the windows behind it.
     virtual void setInputArea(QWindow& window, const QRect& area) = 0;
+
+    /// Shows `window`, at its next showing, as what the user started: `token` is what the desktop gave for that. The
+    /// desktop stops telling that something is about to start.
+    virtual void answerActivation(QWindow& window, const QString& token) = 0;
 
     /// The window that has the keyboard, as far as the desktop tells.
     virtual WindowId activeWindow() const = 0;

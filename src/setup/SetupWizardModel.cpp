@@ -2,9 +2,8 @@
 // SPDX-License-Identifier: MIT
 
 #include <config/ConfigManager.h>
+#include <config/VaultGuess.h>
 #include <setup/SetupWizardModel.h>
-
-#include <QFileInfo>
 
 #include <algorithm>
 
@@ -75,18 +74,7 @@ const QString& SetupWizardModel::getFinalVaultPath() const
 
 QString SetupWizardModel::vaultPathProblem() const
 {
-    const QString& path = getFinalVaultPath();
-    if (path.isEmpty()) {
-        return tr("Choose the folder of your vault.");
-    }
-    if (!path.startsWith(u'/')) {
-        return tr("This is not a full path: it has to begin with a slash.");
-    }
-    const QFileInfo info(path);
-    if (!info.exists()) {
-        return tr("There is no folder at this path.");
-    }
-    return info.isDir() ? QString() : tr("This is a file, not a folder.");
+    return flitmark::vaultPathProblem(getFinalVaultPath());
 }
 
 void SetupWizardModel::setSaveSubfolder(const QString& subfolder)

@@ -171,29 +171,8 @@ void SetupWizardView::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         m_forward->click();
-    } else if (!scroll(event->key())) {
+    } else if (!m_content->scrollBy(event->key())) {
         QWidget::keyPressEvent(event);
-    }
-}
-
-bool SetupWizardView::scroll(int key)
-{
-    QScrollBar* bar = m_content->verticalScrollBar();
-    switch (key) {
-    case Qt::Key_Up:
-        bar->triggerAction(QAbstractSlider::SliderSingleStepSub);
-        return true;
-    case Qt::Key_Down:
-        bar->triggerAction(QAbstractSlider::SliderSingleStepAdd);
-        return true;
-    case Qt::Key_PageUp:
-        bar->triggerAction(QAbstractSlider::SliderPageStepSub);
-        return true;
-    case Qt::Key_PageDown:
-        bar->triggerAction(QAbstractSlider::SliderPageStepAdd);
-        return true;
-    default:
-        return false;
     }
 }
 

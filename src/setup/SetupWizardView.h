@@ -46,7 +46,6 @@ private:
     void showStep();
     void showNavigation();
     void goForward();
-    bool scroll(int key);
 
     SetupWizardModel& m_model;
     Dialogs& m_dialogs;

@@ -2,18 +2,19 @@
 // SPDX-License-Identifier: MIT
 
 #include <config/ConfigManager.h>
+#include <platform/KeyMonitor.h>
+#include <platform/OnThisComputer.h>
 #include <setup/SetupWizardView.h>
 #include <setup/SetupWizardWindow.h>
+#include <ui/OrdinaryWindow.h>
 
-#include <QGuiApplication>
-#include <QScreen>
 #include <QVBoxLayout>
 
 namespace flitmark {
 
-SetupWizardWindow::SetupWizardWindow(ConfigManager& configManager, const Directories& directories, Dialogs& dialogs)
-    : QWidget(nullptr, Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
-                           Qt::WindowCloseButtonHint)
+SetupWizardWindow::SetupWizardWindow(ConfigManager& configManager, const Directories& directories, Dialogs& dialogs,
+                                     const KeyMonitor& keyMonitor)
+    : QWidget(nullptr, closableWindow)
     , m_model(configManager, directories)
 {
     setWindowTitle(tr("Flitmark Setup"));
@@ -22,22 +23,20 @@ SetupWizardWindow::SetupWizardWindow(ConfigManager& configManager, const Directo
     layout->setContentsMargins({});
     layout->setSizeConstraint(QLayout::SetFixedSize);
     layout->addWidget(view);
-    view->setLocalHotkeyLine(
-        tr("On this computer: the hotkey is not available yet. The round button at the bottom right opens the panel."));
+    const auto tellOfHotkey = [view, &keyMonitor] {
+        const KeyMonitor::State state = keyMonitor.state();
+        const bool isAsPromised = state == KeyMonitor::State{.status = KeyMonitor::Status::Working};
+        view->setLocalHotkeyLine(isAsPromised ? QString() : onThisComputer::hotkey(state));
+    };
+    tellOfHotkey();
+    connect(&keyMonitor, &KeyMonitor::stateChanged, this, tellOfHotkey);
     connect(&m_model, &SetupWizardModel::completed, this, &SetupWizardWindow::completed);
 }
 
 void SetupWizardWindow::showCentered()
 {
-    if (const QScreen* screen = QGuiApplication::primaryScreen()) {
-        adjustSize();
-        QRect frame(QPoint(0, 0), size());
-        frame.moveCenter(screen->availableGeometry().center());
-        move(frame.topLeft());
-    }
-    show();
-    raise();
-    activateWindow();
+    centreOnScreen(*this);
+    makeKeyAndOrderFront(*this);
 }
 
 } // namespace flitmark

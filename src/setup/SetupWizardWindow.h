@@ -10,6 +10,7 @@
 namespace flitmark {
 
 class Dialogs;
+class KeyMonitor;
 
 /// The window of the setup wizard: an ordinary window of the desktop, of fixed size. Closing it changes nothing.
 class SetupWizardWindow final : public QWidget
@@ -17,7 +18,8 @@ class SetupWizardWindow final : public QWidget
     Q_OBJECT
 
 public:
-    SetupWizardWindow(ConfigManager& configManager, const Directories& directories, Dialogs& dialogs);
+    SetupWizardWindow(ConfigManager& configManager, const Directories& directories, Dialogs& dialogs,
+                      const KeyMonitor& keyMonitor);
     Q_DISABLE_COPY_MOVE(SetupWizardWindow)
 
     /// Shows the window in the middle of the main screen, with the keyboard.

@@ -4,6 +4,7 @@
 #include <ui/AccessibleRole.h>
 
 #include <QAccessibleWidget>
+#include <QMenu>
 #include <QVariant>
 #include <QWidget>
 
@@ -26,6 +27,28 @@ public:
         QAccessible::State state = QAccessibleWidget::state();
         state.modal = role() == QAccessible::Dialog;
         return state;
+    }
+    int childCount() const override { return QAccessibleWidget::childCount() + static_cast<int>(openMenus().size()); }
+    QAccessibleInterface* child(int index) const override
+    {
+        const int menu = index - QAccessibleWidget::childCount();
+        return menu < 0 ? QAccessibleWidget::child(index)
+                        : QAccessible::queryAccessibleInterface(openMenus().value(menu));
+    }
+    int indexOfChild(const QAccessibleInterface* child) const override
+    {
+        const auto menu = openMenus().indexOf(qobject_cast<QMenu*>(child->object()));
+        return menu < 0 ? QAccessibleWidget::indexOfChild(child)
+                        : QAccessibleWidget::childCount() + static_cast<int>(menu);
+    }
+
+private:
+    /// Qt leaves them out, so nobody who walks the tree would find them.
+    QList<QMenu*> openMenus() const
+    {
+        QList<QMenu*> menus = widget()->findChildren<QMenu*>(Qt::FindDirectChildrenOnly);
+        menus.removeIf([](const QMenu* menu) { return !menu->isVisible(); });
+        return menus;
     }
 };
 

@@ -17,15 +17,16 @@ constexpr int iconPoints = 18;
 } // namespace
 
 ChipButton::ChipButton(const QString& icon, const QString& name, QWidget* parent)
-    : QCheckBox(parent)
+    : QPushButton(parent)
     , m_state(*new ControlState(*this))
     , m_selection([this] { update(); })
     , m_icon(icon)
 {
+    setCheckable(true);
     setToolTip(name);
     setAccessibleName(name);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    connect(this, &QCheckBox::toggled, this, [this](bool isOn) {
+    connect(this, &QPushButton::toggled, this, [this](bool isOn) {
         if (isVisible()) {
             m_selection.moveTo(isOn ? 1 : 0);
         } else {

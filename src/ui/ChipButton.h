@@ -5,12 +5,13 @@
 
 #include <ui/ControlState.h>
 
-#include <QCheckBox>
+#include <QPushButton>
 
 namespace flitmark {
 
-/// A quick tag: an emoji that can be switched on and off. To screen readers it is a check box named by the tag's text.
-class ChipButton final : public QCheckBox
+/// A quick tag: an emoji that can be switched on and off. To screen readers it is a check box named by the tag's text,
+/// as large as the chip.
+class ChipButton final : public QPushButton
 {
     Q_OBJECT
 
@@ -23,7 +24,6 @@ public:
     QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
-    bool hitButton(const QPoint& position) const override { return rect().contains(position); }
     void paintEvent(QPaintEvent* event) override;
 
 private:

@@ -19,7 +19,6 @@ namespace flitmark {
 namespace {
 
 constexpr int shadowMargin = 12;
-constexpr int radius = 16;
 
 } // namespace
 
@@ -107,6 +106,17 @@ void FloatingWindow::setFrameRect(const QRect& frame)
     setGeometry(frame.marginsAdded(margins()));
 }
 
+void FloatingWindow::setLevel(Level level)
+{
+    Qt::WindowFlags flags = windowFlags();
+    flags.setFlag(Qt::WindowStaysOnTopHint, level == Level::Floating);
+    // Not by QWidget's own setter, which would hide the window.
+    overrideWindowFlags(flags);
+    if (windowHandle() != nullptr) {
+        windowHandle()->setFlags(flags);
+    }
+}
+
 void FloatingWindow::setFrameLimits(const QSize& minimum, const QSize& maximum)
 {
     m_minimum = minimum;
@@ -182,7 +192,7 @@ void FloatingWindow::layOut()
     }
     if (m_margin == 0) {
         QPainterPath path;
-        path.addRoundedRect(rect(), radius, radius);
+        path.addRoundedRect(rect(), frameRadius, frameRadius);
         setMask(QRegion(path.toFillPolygon().toPolygon()));
     } else {
         clearMask();
@@ -199,14 +209,14 @@ void FloatingWindow::paintEvent(QPaintEvent*)
     painter.setRenderHint(QPainter::Antialiasing);
     const QRectF frame = QRectF(rect().marginsRemoved(margins()));
     if (m_margin > 0) {
-        drawShadow(painter, frame, radius);
+        drawShadow(painter, frame, frameRadius);
     }
     painter.setPen(Qt::NoPen);
     painter.setBrush(theme.background);
-    painter.drawRoundedRect(frame, m_margin > 0 ? radius : 0, m_margin > 0 ? radius : 0);
+    painter.drawRoundedRect(frame, m_margin > 0 ? frameRadius : 0, m_margin > 0 ? frameRadius : 0);
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(m_margin > 0 ? theme.hair : theme.edge, 1));
-    painter.drawRoundedRect(frame.adjusted(0.5, 0.5, -0.5, -0.5), radius - 0.5, radius - 0.5);
+    painter.drawRoundedRect(frame.adjusted(0.5, 0.5, -0.5, -0.5), frameRadius - 0.5, frameRadius - 0.5);
 }
 
 void FloatingWindow::resizeEvent(QResizeEvent*)

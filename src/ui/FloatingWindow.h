@@ -21,6 +21,13 @@ class FloatingWindow : public QWidget
 
 public:
     enum class Resizing { Fixed, ByEdges };
+    enum class Level {
+        Normal,   ///< other windows can cover it
+        Floating, ///< above other windows
+    };
+
+    /// Of the frame's corners.
+    static constexpr int frameRadius = 16;
 
     FloatingWindow(WindowManager& windowManager, Resizing resizing);
     ~FloatingWindow() override;
@@ -31,6 +38,9 @@ public:
 
     QRect frameRect() const;
     void setFrameRect(const QRect& frame);
+    /// Where the window stands among others; floating unless set. It may change while the window is on screen.
+    void setLevel(Level level);
+
     void setFrameLimits(const QSize& minimum, const QSize& maximum);
 
     /// Shows the window as a companion: the desktop is told again what kind of window this is.

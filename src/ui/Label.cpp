@@ -6,6 +6,7 @@
 #include <ui/ThemeScope.h>
 
 #include <QFontMetricsF>
+#include <QHash>
 #include <QHelpEvent>
 #include <QTextLayout>
 #include <QToolTip>
@@ -33,6 +34,17 @@ struct Label::Layout
     double naturalWidth = 0;
 
     int lineCount() const { return std::max(1, lines.lineCount()); }
+};
+
+/// What the layouts around the label ask for again and again, for one text in one font.
+struct Label::Measures
+{
+    QString text;
+    QFont font;
+    bool wraps = false;
+    double naturalWidth = 0;
+    /// By width.
+    QHash<int, int> lineCounts;
 };
 
 Label::Label(const QString& text, TextRole role, QWidget* parent)
@@ -131,18 +143,26 @@ const Label::Layout& Label::layOut(double width) const
     return *m_layout;
 }
 
+Label::Measures& Label::measures() const
+{
+    const QString whole = m_elideMode == Qt::ElideNone ? text() : text().simplified();
+    const QFont font = roleFont();
+    if (!m_measures || m_measures->text != whole || m_measures->font != font || m_measures->wraps != wordWrap()) {
+        m_measures = std::make_unique<Measures>(Measures{whole, font, wordWrap(), 0, {}});
+        for (const QString& line : whole.split(u'\n')) {
+            m_measures->naturalWidth = std::max(m_measures->naturalWidth, painting::lineWidth(line, font));
+        }
+    }
+    return *m_measures;
+}
+
 QSize Label::sizeHint() const
 {
     const QMargins margins = contentsMargins();
-    const QString whole = m_elideMode == Qt::ElideNone ? text() : text().simplified();
-    double natural = 0;
-    const QStringList lines = whole.split(u'\n');
-    for (const QString& line : lines) {
-        natural = std::max(natural, painting::lineWidth(line, roleFont()));
-    }
-    const int width = static_cast<int>(std::ceil(natural));
-    return {width + margins.left() + margins.right(),
-            static_cast<int>(lines.size()) * rowHeight(m_role) + margins.top() + margins.bottom()};
+    const Measures& known = measures();
+    const int width = static_cast<int>(std::ceil(known.naturalWidth));
+    const auto lines = static_cast<int>(known.text.count(u'\n')) + 1;
+    return {width + margins.left() + margins.right(), lines * rowHeight(m_role) + margins.top() + margins.bottom()};
 }
 
 QSize Label::minimumSizeHint() const
@@ -158,8 +178,13 @@ QSize Label::minimumSizeHint() const
 int Label::heightForWidth(int width) const
 {
     const QMargins margins = contentsMargins();
-    const Layout& layout = layOut(width - margins.left() - margins.right());
-    return layout.lineCount() * rowHeight(m_role) + margins.top() + margins.bottom();
+    const int inner = width - margins.left() - margins.right();
+    QHash<int, int>& lineCounts = measures().lineCounts;
+    auto known = lineCounts.constFind(inner);
+    if (known == lineCounts.constEnd()) {
+        known = lineCounts.insert(inner, layOut(inner).lineCount());
+    }
+    return known.value() * rowHeight(m_role) + margins.top() + margins.bottom();
 }
 
 void Label::paintEvent(QPaintEvent* /*event*/)

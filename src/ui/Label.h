@@ -45,7 +45,9 @@ protected:
 
 private:
     struct Layout;
+    struct Measures;
     const Layout& layOut(double width) const;
+    Measures& measures() const;
     QFont roleFont() const;
     QString shownText(double width) const;
 
@@ -55,6 +57,7 @@ private:
     bool m_isStruck = false;
     double m_opacity = 1;
     mutable std::unique_ptr<Layout> m_layout;
+    mutable std::unique_ptr<Measures> m_measures;
 };
 
 } // namespace flitmark

@@ -7,6 +7,7 @@
 #include <ui/Shadow.h>
 #include <ui/ThemeScope.h>
 
+#include <QAccessible>
 #include <QMouseEvent>
 #include <QPainterPath>
 #include <QProxyStyle>
@@ -90,6 +91,8 @@ void Menu::openAt(const QPoint& position)
 {
     connect(this, &QMenu::aboutToHide, this, &QObject::deleteLater);
     popup(position - QPoint(m_margin, m_margin));
+    QAccessibleEvent opened(this, QAccessible::ObjectCreated);
+    QAccessible::updateAccessibility(&opened);
 }
 
 void Menu::resizeEvent(QResizeEvent* event)

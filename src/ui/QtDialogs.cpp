@@ -1,8 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Flitmark authors
 // SPDX-License-Identifier: MIT
 
+#include <config/ConfigManager.h>
 #include <platform/Dialogs.h>
 #include <platform/SharedServices.h>
+#include <ui/QuestionWindow.h>
 
 #include <QDir>
 #include <QFileDialog>
@@ -13,10 +15,15 @@ namespace flitmark {
 
 namespace {
 
-/// Qt's dialogs, which are the desktop's where it offers them.
+/// Qt's dialog for folders, which is the desktop's where it offers one, and questions in the look of our windows.
 class QtDialogs final : public Dialogs
 {
 public:
+    explicit QtDialogs(const ConfigManager& configManager)
+        : m_configManager(configManager)
+    {
+    }
+
     void chooseFolder(QWidget& parent, const QString& message, FolderChosen onChosen) override
     {
         auto* dialog = new QFileDialog(&parent, message, QDir::homePath());
@@ -31,13 +38,28 @@ public:
                          });
         dialog->open();
     }
+
+    void ask(const Question& question, Answered onAnswered) override
+    {
+        const ColorPalette palette = m_configManager.config().colorPalette;
+        auto* window = new QuestionWindow(question, themeOfWindow(palette, desktopScheme()));
+        QObject::connect(window, &QuestionWindow::answered, window,
+                         [window, onAnswered = std::move(onAnswered)](qsizetype button) {
+                             window->deleteLater();
+                             onAnswered(button);
+                         });
+        window->showCentered();
+    }
+
+private:
+    const ConfigManager& m_configManager;
 };
 
 } // namespace
 
 Dialogs& Dialogs::shared()
 {
-    return SharedServices::get<Dialogs>([] { return std::make_unique<QtDialogs>(); });
+    return SharedServices::get<Dialogs>([] { return std::make_unique<QtDialogs>(ConfigManager::shared()); });
 }
 
 } // namespace flitmark

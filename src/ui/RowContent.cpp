@@ -16,6 +16,8 @@ namespace {
 
 constexpr double symbolSize = 20;
 constexpr double gap = 12;
+constexpr double swatchSize = 24;
+constexpr double swatchGap = 4;
 
 } // namespace
 
@@ -40,14 +42,11 @@ void RowContent::paint(QPainter& painter, const QRectF& box, const Theme& theme,
     }
     painting::fillRounded(painter, box, painting::controlRadius, painting::stateLayer(theme, state.level));
 
-    const double padding = ground == RowGround::Card ? 12 : 8;
+    const double padding = !swatches.isEmpty() ? 16 : ground == RowGround::Card ? 12 : 8;
     QRectF area = box.adjusted(padding, 0, -padding, 0);
     const double top = box.top() + (box.height() - symbolSize) / 2;
     const QColor marked = !state.isEnabled ? theme.off : isSelected ? theme.selMark : theme.*symbolColor;
-    if (!symbol.isEmpty()) {
-        Symbols::draw(painter, symbol, QRectF(area.left(), top, symbolSize, symbolSize), marked);
-        area.setLeft(area.left() + symbolSize + gap);
-    }
+    area.setLeft(area.left() + paintLeading(painter, area, theme, marked));
     const bool isChecked = isSelected && !trailingSymbol;
     const QString trailing = isChecked ? QStringLiteral("checkmark.circle.fill") : trailingSymbol.value_or(QString());
     if (!trailing.isEmpty()) {
@@ -59,6 +58,25 @@ void RowContent::paint(QPainter& painter, const QRectF& box, const Theme& theme,
     if (state.showsFocus) {
         painting::strokeRounded(painter, box, painting::controlRadius, painting::focusWidth, theme.mark);
     }
+}
+
+double RowContent::paintLeading(QPainter& painter, const QRectF& area, const Theme& theme, const QColor& color) const
+{
+    if (!swatches.isEmpty()) {
+        QRectF circle(area.left(), area.center().y() - swatchSize / 2, swatchSize, swatchSize);
+        for (const QColor& swatch : swatches) {
+            painting::fillRounded(painter, circle, swatchSize / 2, swatch);
+            painting::strokeRounded(painter, circle, swatchSize / 2, 1, theme.swatchEdge);
+            circle.translate(swatchSize + swatchGap, 0);
+        }
+        return circle.left() - area.left() - swatchGap + 16;
+    }
+    if (!symbol.isEmpty()) {
+        Symbols::draw(painter, symbol, QRectF(area.left(), area.center().y() - symbolSize / 2, symbolSize, symbolSize),
+                      color);
+        return symbolSize + gap;
+    }
+    return 0;
 }
 
 void RowContent::paintTexts(QPainter& painter, const QRectF& area, const Theme& theme, bool isEnabled) const
@@ -75,7 +93,10 @@ void RowContent::paintTexts(QPainter& painter, const QRectF& area, const Theme& 
                    : QFontMetricsF(font).elidedText(line, mode, area.width());
     };
     painting::drawLine(painter, QRectF(area.left(), top, area.width(), titleRow),
-                       fitted(title, titleFont, Qt::ElideRight), titleFont, isEnabled ? theme.text : theme.off);
+                       fitted(title, titleFont, Qt::ElideRight), titleFont,
+                       !isEnabled   ? theme.off
+                       : isSelected ? theme.text
+                                    : theme.*titleColor);
     if (!second.isEmpty()) {
         const QColor quiet = isSelected ? theme.selText2 : theme.text2;
         painting::drawLine(painter, QRectF(area.left(), top + titleRow, area.width(), secondRow),

@@ -5,6 +5,8 @@
 
 #include <ui/Theme.h>
 
+#include <QColor>
+#include <QList>
 #include <QString>
 
 #include <optional>
@@ -37,9 +39,13 @@ struct RowState
 struct RowContent
 {
     QString symbol;
+    /// Samples of colours, in place of the symbol.
+    QList<QColor> swatches = {};
     ColorToken symbolColor = &Theme::mark;
     QString title;
-    QString second;
+    /// The title's colour while the row is not selected.
+    ColorToken titleColor = &Theme::text;
+    QString second = {};
     /// How a second line that is too long is cut: paths in the middle.
     Qt::TextElideMode secondElideMode = Qt::ElideRight;
     RowGround ground = RowGround::None;
@@ -56,6 +62,8 @@ struct RowContent
     void paint(QPainter& painter, const QRectF& box, const Theme& theme, const RowState& state) const;
 
 private:
+    /// Draws what stands before the texts, and gives the width it took.
+    double paintLeading(QPainter& painter, const QRectF& area, const Theme& theme, const QColor& color) const;
     void paintTexts(QPainter& painter, const QRectF& area, const Theme& theme, bool isEnabled) const;
 };
 

@@ -22,6 +22,9 @@ public:
     /// Takes `content` over. Unlike a plain scroll area it leaves the content without a ground of its own.
     void setWidget(QWidget* content);
 
+    /// Scrolls for the keys Up, Down, Page Up, Page Down, Home and End; false for any other key.
+    bool scrollBy(int key);
+
     QSize sizeHint() const override;
 
 protected:

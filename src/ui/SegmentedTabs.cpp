@@ -10,6 +10,7 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPushButton>
+#include <QRadioButton>
 
 #include <cmath>
 
@@ -23,51 +24,74 @@ constexpr double padding = 12;
 constexpr double symbolSize = 16;
 constexpr double gap = 8;
 
-/// One button of the row.
-class Segment final : public QPushButton
+/// What a segment looks like, whichever kind of button it is.
+class SegmentLook
 {
 public:
-    Segment(const QString& text, const QString& symbol, QWidget* parent)
-        : QPushButton(parent)
-        , m_state(*new ControlState(*this))
+    SegmentLook(QAbstractButton& button, const QString& text, const QString& symbol)
+        : m_button(button)
+        , m_state(*new ControlState(button))
         , m_symbol(symbol)
     {
-        setPlainText(*this, text);
-        setCheckable(true);
-        setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
+        setPlainText(button, text);
+        button.setCheckable(true);
+        button.setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
     }
 
-    QSize sizeHint() const override
-    {
-        return {static_cast<int>(std::ceil(contentWidth() + 2 * padding)), controlHeight() - 4};
-    }
-    QSize minimumSizeHint() const override { return sizeHint(); }
+    QSize sizeHint() const { return {static_cast<int>(std::ceil(contentWidth() + 2 * padding)), controlHeight() - 4}; }
 
-protected:
-    void paintEvent(QPaintEvent* /*event*/) override
+    void paint() const
     {
-        const Theme& theme = ThemeScope::of(*this);
-        const QRectF box = rect();
-        QPainter painter(this);
-        if (isChecked()) {
+        const Theme& theme = ThemeScope::of(m_button);
+        const QRectF box = m_button.rect();
+        const bool isEnabled = m_button.isEnabled();
+        const bool isChecked = m_button.isChecked();
+        QPainter painter(&m_button);
+        if (isChecked) {
             painting::fillRounded(painter, box, segmentRadius, theme.sel);
         }
         painting::fillRounded(painter, box, segmentRadius, painting::stateLayer(theme, m_state.level()));
 
-        const QColor idle = isEnabled() ? theme.text2 : theme.off;
-        double left = (width() - contentWidth()) / 2;
+        const QColor idle = isEnabled ? theme.text2 : theme.off;
+        double left = (box.width() - contentWidth()) / 2;
         if (!m_symbol.isEmpty()) {
-            const QRectF square(left, (height() - symbolSize) / 2, symbolSize, symbolSize);
-            Symbols::draw(painter, m_symbol, square, isChecked() && isEnabled() ? theme.selMark : idle);
+            const QRectF square(left, (box.height() - symbolSize) / 2, symbolSize, symbolSize);
+            Symbols::draw(painter, m_symbol, square, isChecked && isEnabled ? theme.selMark : idle);
             left += symbolSize + gap;
         }
-        painting::drawLine(painter, QRectF(left, 0, width() - left, height()), plainText(*this),
-                           fontOf(TextRole::Strong), isChecked() && isEnabled() ? theme.text : idle);
+        painting::drawLine(painter, QRectF(left, 0, box.width() - left, box.height()), plainText(m_button),
+                           fontOf(TextRole::Strong), isChecked && isEnabled ? theme.text : idle);
         if (m_state.showsFocus()) {
             painting::strokeRounded(painter, box, segmentRadius, painting::focusWidth, theme.mark);
         }
     }
 
+private:
+    double contentWidth() const
+    {
+        const double text = painting::lineWidth(plainText(m_button), fontOf(TextRole::Strong));
+        return text + (m_symbol.isEmpty() ? 0 : symbolSize + gap);
+    }
+
+    QAbstractButton& m_button;
+    ControlState& m_state;
+    QString m_symbol;
+};
+
+class TabSegment final : public QPushButton
+{
+public:
+    TabSegment(const QString& text, const QString& symbol, QWidget* parent)
+        : QPushButton(parent)
+        , m_look(*this, text, symbol)
+    {
+    }
+
+    QSize sizeHint() const override { return m_look.sizeHint(); }
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override { m_look.paint(); }
     void keyPressEvent(QKeyEvent* event) override
     {
         if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
@@ -78,26 +102,39 @@ protected:
     }
 
 private:
-    double contentWidth() const
+    SegmentLook m_look;
+};
+
+class ChoiceSegment final : public QRadioButton
+{
+public:
+    ChoiceSegment(const QString& text, const QString& symbol, QWidget* parent)
+        : QRadioButton(parent)
+        , m_look(*this, text, symbol)
     {
-        const double text = painting::lineWidth(plainText(*this), fontOf(TextRole::Strong));
-        return text + (m_symbol.isEmpty() ? 0 : symbolSize + gap);
     }
 
-    ControlState& m_state;
-    QString m_symbol;
+    QSize sizeHint() const override { return m_look.sizeHint(); }
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    bool hitButton(const QPoint& position) const override { return rect().contains(position); }
+    void paintEvent(QPaintEvent* /*event*/) override { m_look.paint(); }
+
+private:
+    SegmentLook m_look;
 };
 
 } // namespace
 
-SegmentedTabs::SegmentedTabs(SegmentWidth width, QWidget* parent)
+SegmentedTabs::SegmentedTabs(SegmentKind kind, QWidget* parent)
     : QWidget(parent)
-    , m_width(width)
+    , m_kind(kind)
 {
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(4, 4, 4, 4);
     row->setSpacing(4);
-    setSizePolicy(width == SegmentWidth::Shared ? QSizePolicy::Expanding : QSizePolicy::Fixed, QSizePolicy::Fixed);
+    setSizePolicy(kind == SegmentKind::Choices ? QSizePolicy::Expanding : QSizePolicy::Fixed, QSizePolicy::Fixed);
     connect(&m_group, &QButtonGroup::idToggled, this, [this](int index, bool isChecked) {
         if (isChecked) {
             Q_EMIT currentChanged(index);
@@ -107,19 +144,31 @@ SegmentedTabs::SegmentedTabs(SegmentWidth width, QWidget* parent)
 
 void SegmentedTabs::add(const QString& text, const QString& symbol)
 {
-    auto* segment = new Segment(text, symbol, this);
     const auto index = static_cast<int>(m_group.buttons().size());
-    if (index == 0) {
-        segment->setChecked(true);
+    QAbstractButton* segment = nullptr;
+    if (m_kind == SegmentKind::Tabs) {
+        segment = new TabSegment(text, symbol, this);
+        segment->setChecked(index == 0);
+    } else {
+        segment = new ChoiceSegment(text, symbol, this);
     }
     m_group.addButton(segment, index);
-    static_cast<QHBoxLayout*>(layout())->addWidget(segment, m_width == SegmentWidth::Shared ? 1 : 0);
+    static_cast<QHBoxLayout*>(layout())->addWidget(segment, m_kind == SegmentKind::Choices ? 1 : 0);
 }
 
 void SegmentedTabs::setCurrentIndex(int index)
 {
     if (QAbstractButton* segment = m_group.button(index)) {
         segment->setChecked(true);
+    }
+}
+
+void SegmentedTabs::clearCurrent()
+{
+    if (QAbstractButton* segment = m_group.checkedButton()) {
+        m_group.setExclusive(false);
+        segment->setChecked(false);
+        m_group.setExclusive(true);
     }
 }
 

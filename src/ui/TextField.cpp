@@ -38,6 +38,14 @@ void TextField::setForIcon()
     applyLook();
 }
 
+void TextField::setMarkedWrong(bool isWrong)
+{
+    if (m_isMarkedWrong != isWrong) {
+        m_isMarkedWrong = isWrong;
+        update();
+    }
+}
+
 void TextField::setPadding(int points)
 {
     const int margin = std::max(0, points - ownMargin);
@@ -85,7 +93,10 @@ void TextField::paintEvent(QPaintEvent* event)
         painter.setOpacity(isEnabled() ? 1 : painting::disabledOpacity);
         painting::fillRounded(painter, box, painting::controlRadius, theme.background);
         if (m_state.hasFocus()) {
-            painting::strokeRounded(painter, box, painting::controlRadius, painting::focusWidth, theme.mark);
+            painting::strokeRounded(painter, box, painting::controlRadius, painting::focusWidth,
+                                    m_isMarkedWrong ? theme.red : theme.mark);
+        } else if (m_isMarkedWrong) {
+            painting::strokeRounded(painter, box, painting::controlRadius, 1, theme.red);
         } else {
             painting::strokeRounded(painter, box, painting::controlRadius, 1,
                                     mix(theme.edge, theme.outline, std::min(1.0, m_state.level())));

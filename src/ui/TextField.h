@@ -21,6 +21,8 @@ public:
 
     /// Makes it a narrow field for one emoji, which stands in the middle and is drawn larger.
     void setForIcon();
+    /// Shows by its border that its text makes no sense. Words have to say why.
+    void setMarkedWrong(bool isWrong);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -35,6 +37,7 @@ private:
 
     ControlState& m_state;
     bool m_isForIcon = false;
+    bool m_isMarkedWrong = false;
 };
 
 } // namespace flitmark

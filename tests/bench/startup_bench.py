@@ -112,10 +112,8 @@ def memory(desktop, home):
         program.stop()
 
 
-def main():
-    if len(sys.argv) < 2:
-        sys.exit(__doc__)
-    program, others = str(Path(sys.argv[1]).resolve()), sys.argv[2:]
+def measure(program, others):
+    """The start times of the program and the other commands, and the program's memory before and after the panel."""
     os.environ["FLITMARK_PROGRAM"] = program
     with Desktop() as desktop, tempfile.TemporaryDirectory() as folder:
         home = Home(Path(folder) / "user")
@@ -124,8 +122,14 @@ def main():
         watch = MapWatch(desktop)
         times = start_times(desktop, watch, [program, *others], home)
         watch.stop()
-        before, after = memory(desktop, home)
+        return times, *memory(desktop, home)
 
+
+def main():
+    if len(sys.argv) < 2:
+        sys.exit(__doc__)
+    program, others = str(Path(sys.argv[1]).resolve()), sys.argv[2:]
+    times, before, after = measure(program, others)
     print(f"{'start to first window, ms':40} {'median':>8} {'least':>8} {'most':>8}")
     for command, values in times.items():
         name = "flitmark" if command == program else command

@@ -4,16 +4,12 @@
 #include <capture/BrowseList.h>
 #include <capture/BrowseModel.h>
 #include <capture/BrowseView.h>
-#include <config/ConfigManager.h>
 #include <support/Accessible.h>
-#include <support/ManualRunLoop.h>
-#include <support/TestFiles.h>
-#include <support/TestWorkspace.h>
+#include <support/TestServices.h>
 
 #include <QElapsedTimer>
 #include <QPushButton>
 #include <QScrollBar>
-#include <QtTest/QTest>
 
 using namespace flitmark;
 
@@ -29,46 +25,34 @@ public:
         for (const auto& [path, text] : files) {
             writeTestFile(vault + u'/' + path, text);
         }
-        config.update([this](AppConfig& changed) { changed.vaultPath = vault; });
         view.resize(460, 500);
-        view.show();
-        view.activateWindow();
-        isActive = QTest::qWaitForWindowActive(&view);
+        showActive(view);
         view.appeared();
     }
 
     BrowseList& list() { return *view.findChild<BrowseList*>(); }
-    int rowCount() { return list().model()->rowCount(); }
-    QStringList names()
-    {
-        QStringList names;
-        for (int i = 0; i < rowCount(); ++i) {
-            names.append(list().model()->index(i, 0).data().toString());
-        }
-        return names;
-    }
     QPoint middleOf(const QString& name)
     {
-        return list().visualRect(list().model()->index(static_cast<int>(names().indexOf(name)), 0)).center();
+        const QAbstractItemModel& items = *list().model();
+        return list().visualRect(items.match(items.index(0, 0), Qt::DisplayRole, name).value(0)).center();
     }
-    void click(const QString& name) { QTest::mouseClick(list().viewport(), Qt::LeftButton, {}, middleOf(name)); }
-    void press(const QString& button) { QTest::mouseClick(named<QPushButton>(view, button), Qt::LeftButton); }
+    void openFirst()
+    {
+        view.takeKeyboard();
+        QTest::keyClick(&list(), Qt::Key_Home);
+        QTest::keyClick(&list(), Qt::Key_Return);
+    }
 
-    QTemporaryDir home;
-    QString vault = home.filePath(QStringLiteral("My Vault"));
-    Directories directories{home.path(), home.filePath(QStringLiteral("support")), {}};
-    ManualRunLoop runLoop;
-    TestWorkspace workspace;
-    ConfigManager config{directories};
-    BrowseModel model{config, workspace, runLoop};
+    TestServices services;
+    const QString& vault = services.vault;
+    const QList<QUrl>& opened = services.workspace.opened;
+    BrowseModel model{services.config, services.workspace, services.loop};
     BrowseView view{model};
-    bool isActive = false;
 };
 
 const QList<std::pair<QString, QByteArray>> smallVault{
-    {QStringLiteral("Projects/Landing page/plan.md"), "# Plan\nFinalize release notes\n"},
     {QStringLiteral("Projects/todo.md"), "x"},
-    {QStringLiteral("an idea.md"), "Your thoughts, filed before they fade\n"},
+    {QStringLiteral("an idea.md"), "x"},
     {QStringLiteral("b.md"), ""},
 };
 
@@ -79,62 +63,26 @@ class BrowseViewTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void list_tellsNamesAndTextsToScreenReaders()
-    {
-        Tab tab(smallVault);
-        QAccessibleInterface* list = QAccessible::queryAccessibleInterface(&tab.list());
-        QCOMPARE(list->role(), QAccessible::List);
-        QCOMPARE(list->text(QAccessible::Name), QStringLiteral("Vault items"));
-        QCOMPARE(tab.names(),
-                 (QStringList{QStringLiteral("Projects"), QStringLiteral("an idea.md"), QStringLiteral("b.md")}));
-        QCOMPARE(list->childCount(), 3);
-        QCOMPARE(list->child(0)->text(QAccessible::Name), QStringLiteral("Projects"));
-        QCOMPARE(list->child(0)->text(QAccessible::Description), QString());
-        QCOMPARE(list->child(1)->text(QAccessible::Name), QStringLiteral("an idea.md"));
-        QCOMPARE(list->child(1)->text(QAccessible::Description),
-                 QStringLiteral("Your thoughts, filed before they fade"));
-        QVERIFY(visibleTexts(tab.view).contains(QStringLiteral("1 folders, 2 notes")));
-    }
-    void emptyFolder_saysSoAndKeepsTheKeyboardInTheTab()
+    void emptyFolder_keepsTheKeyboardInTheTab()
     {
         Tab tab(smallVault);
         QVERIFY(QDir().mkpath(tab.vault + QStringLiteral("/0 nothing")));
-        tab.press(QStringLiteral("Refresh"));
-        tab.view.takeKeyboard();
-        QTest::keyClick(&tab.list(), Qt::Key_Home);
-        QTest::keyClick(&tab.list(), Qt::Key_Return);
+        click(tab.view, QStringLiteral("Refresh"));
+        tab.openFirst();
         QVERIFY(!tab.list().isVisible());
-        QVERIFY(visibleTexts(tab.view).contains(QStringLiteral("Empty folder")));
-        QVERIFY(visibleTexts(tab.view).contains(QStringLiteral("0 notes")));
         QVERIFY(named<QPushButton>(tab.view, QStringLiteral("0 nothing"))->hasFocus());
-
-        tab.press(QStringLiteral("Vault"));
+        click(tab.view, QStringLiteral("Vault"));
         QVERIFY(tab.list().isVisible());
     }
-
-    void note_opensByOneClickOrReturn_data()
+    void note_opensByReturn()
     {
-        QTest::addColumn<int>("key");
-        QTest::newRow("click") << 0;
-        QTest::newRow("Return") << static_cast<int>(Qt::Key_Return);
-        QTest::newRow("Enter") << static_cast<int>(Qt::Key_Enter);
-    }
-    void note_opensByOneClickOrReturn()
-    {
-        QFETCH(int, key);
         Tab tab(smallVault);
-        if (key == 0) {
-            tab.click(QStringLiteral("an idea.md"));
-        } else {
-            tab.view.takeKeyboard();
-            QTest::keyClicks(&tab.list(), QStringLiteral("an"));
-            QTest::keyClick(&tab.list(), static_cast<Qt::Key>(key));
-        }
-        QCOMPARE(tab.workspace.opened,
-                 QList<QUrl>{QUrl(QStringLiteral("obsidian://open?vault=My%20Vault&file=an%20idea"))});
-        QCOMPARE(tab.list().currentIndex().data().toString(), QStringLiteral("an idea.md"));
+        tab.view.takeKeyboard();
+        QTest::keyClicks(&tab.list(), QStringLiteral("an"));
+        QTest::keyClick(&tab.list(), Qt::Key_Return);
+        QCOMPARE(tab.opened, QList<QUrl>{QUrl(QStringLiteral("obsidian://open?vault=Vault&file=an%20idea"))});
     }
-    void pressElsewhereOrWithTheOtherButton_opensNothing()
+    void onlyAWholeClick_opensAndADoubleClickOnlyOnce()
     {
         Tab tab(smallVault);
         QWidget* area = tab.list().viewport();
@@ -142,50 +90,12 @@ private Q_SLOTS:
         QTest::mouseClick(area, Qt::RightButton, {}, tab.middleOf(QStringLiteral("b.md")));
         QTest::mousePress(area, Qt::LeftButton, {}, tab.middleOf(QStringLiteral("b.md")));
         QTest::mouseRelease(area, Qt::LeftButton, {}, tab.middleOf(QStringLiteral("an idea.md")));
-        QCOMPARE(tab.workspace.opened, QList<QUrl>());
         QCOMPARE(tab.model.browsePathStack(), QStringList());
-    }
-    void doubleClick_opensOnlyTheFolderUnderTheFirst()
-    {
-        Tab tab(smallVault);
-        const QPoint place = tab.middleOf(QStringLiteral("Projects"));
-        QTest::mouseClick(tab.list().viewport(), Qt::LeftButton, {}, place);
-        QTest::mouseDClick(tab.list().viewport(), Qt::LeftButton, {}, place);
+        const QPoint folder = tab.middleOf(QStringLiteral("Projects"));
+        QTest::mouseClick(area, Qt::LeftButton, {}, folder);
+        QTest::mouseDClick(area, Qt::LeftButton, {}, folder);
         QCOMPARE(tab.model.browsePathStack().size(), 1);
-    }
-
-    void trail_leadsBackAndStaysUsable()
-    {
-        Tab tab(smallVault);
-        tab.click(QStringLiteral("Projects"));
-        tab.click(QStringLiteral("Landing page"));
-        QCOMPARE(tab.names(), QStringList{QStringLiteral("plan.md")});
-        tab.press(QStringLiteral("Projects"));
-        QCOMPARE(tab.names(), (QStringList{QStringLiteral("Landing page"), QStringLiteral("todo.md")}));
-        QVERIFY(named<QPushButton>(tab.view, QStringLiteral("Landing page")) == nullptr);
-        // Again through the same place, to another depth.
-        tab.click(QStringLiteral("Landing page"));
-        tab.press(QStringLiteral("Vault"));
-        QCOMPARE(tab.names().size(), 3);
-        QVERIFY(named<QPushButton>(tab.view, QStringLiteral("Projects")) == nullptr);
-    }
-    void longTrail_showsItsEndAndNothingWider()
-    {
-        QString path;
-        for (int i = 0; i < 6; ++i) {
-            path += QStringLiteral("A folder with quite a long name, and number %1\n/").arg(i);
-        }
-        Tab tab({{path + QStringLiteral("note.md"), "x"}});
-        for (int i = 0; i < 6; ++i) {
-            tab.view.takeKeyboard();
-            QTest::keyClick(&tab.list(), Qt::Key_Home);
-            QTest::keyClick(&tab.list(), Qt::Key_Return);
-        }
-        QCOMPARE(tab.names(), QStringList{QStringLiteral("note.md")});
-        QCOMPARE(tab.view.minimumSizeHint().width() <= 460, true);
-        const QString last = QStringLiteral("A folder with quite a long name, and number 5\n");
-        QTRY_VERIFY(!named<QPushButton>(tab.view, last)->visibleRegion().isEmpty());
-        QVERIFY(named<QPushButton>(tab.view, QStringLiteral("Refresh"))->geometry().right() < 460);
+        QCOMPARE(tab.opened, QList<QUrl>());
     }
 
     void refresh_keepsThePlaceInALongList()
@@ -194,16 +104,12 @@ private Q_SLOTS:
         for (int i = 100; i < 200; ++i) {
             files.append({QStringLiteral("%1.md").arg(i), "x"});
         }
-        files.append({QStringLiteral("Folder/x.md"), "x"});
         Tab tab(files);
         QScrollBar* bar = tab.list().verticalScrollBar();
         bar->setValue(1500);
-        tab.press(QStringLiteral("Refresh"));
+        click(tab.view, QStringLiteral("Refresh"));
         QTest::qWait(0);
         QCOMPARE(bar->value(), 1500);
-        tab.model.navigateIntoFolder(tab.vault + QStringLiteral("/Folder"));
-        QTest::qWait(0);
-        QCOMPARE(bar->value(), 0);
     }
     /// Only what is painted is read: the rest could be on a slow disk, or be very much.
     void hundredThousandNotes_areListedWithoutBeingRead()
@@ -213,7 +119,7 @@ private Q_SLOTS:
         const QString memory = QStringLiteral("/dev/shm");
         QTemporaryDir folder((QFileInfo(memory).isWritable() ? memory : QDir::tempPath()) +
                              QStringLiteral("/flitmark-XXXXXX"));
-        tab.config.update([&](AppConfig& changed) { changed.vaultPath = folder.path(); });
+        tab.services.config.update([&](AppConfig& changed) { changed.vaultPath = folder.path(); });
         for (int i = 0; i < 100'000; ++i) {
             QFile file(folder.path() + QStringLiteral("/note %1.md").arg(i, 6, 10, QLatin1Char('0')));
             QVERIFY(file.open(QIODevice::WriteOnly));
@@ -223,18 +129,13 @@ private Q_SLOTS:
         timer.start();
         Q_EMIT tab.model.browseItemsChanged();
         tab.view.grab();
-        const qint64 shown = timer.restart();
         tab.view.takeKeyboard();
         QTest::keyClick(&tab.list(), Qt::Key_End);
         tab.view.grab();
-        const qint64 jumped = timer.restart();
-        qInfo("shown in %lld ms, jumped to the end in %lld ms", shown, jumped);
-        QCOMPARE(tab.rowCount(), 100'000);
-        QCOMPARE(tab.list().currentIndex().row(), 99'999);
-        QCOMPARE(tab.list().indexAt(tab.list().viewport()->rect().center()).row() > 99'900, true);
         // A widget or a file for each row would take many times as long.
-        QVERIFY2(shown < 1500, qPrintable(QString::number(shown)));
-        QVERIFY2(jumped < 1500, qPrintable(QString::number(jumped)));
+        QVERIFY2(timer.elapsed() < 2000, qPrintable(QString::number(timer.elapsed())));
+        QCOMPARE(tab.list().currentIndex().row(), 99'999);
+        QVERIFY(tab.list().indexAt(tab.list().viewport()->rect().center()).row() > 99'900);
     }
 };
 

@@ -1,9 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Flitmark authors
 // SPDX-License-Identifier: MIT
 
+#include <capture/NoteFile.h>
 #include <capture/NoteText.h>
 #include <platform/Directories.h>
 #include <support/TestFiles.h>
+
+#include <sys/stat.h>
 
 using namespace flitmark;
 
@@ -12,6 +15,7 @@ class NoteTextTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void init() { m_folder = std::make_unique<QTemporaryDir>(); }
     void titleSource_isTitleOrFirstTextLine()
     {
         const auto check = [](const char* title, const char* content, const char* source) {
@@ -24,49 +28,43 @@ private Q_SLOTS:
         check("", "# A\n \n## B\n", "");
         check("", "# A\u2028text\u0085more", "text");
     }
-    void slug_keepsWhatMakesAName_data()
-    {
-        QTest::addColumn<QString>("source");
-        QTest::addColumn<QString>("slug");
-        const auto row = [](const char* name, const QString& source, const QString& slug) {
-            QTest::newRow(name) << source << slug;
-        };
-        row("words", QStringLiteral("Hello, World! Uber-cool_idea"), QStringLiteral("hello-world-uber-cool_idea"));
-        row("dashes in a row", QStringLiteral("--a - b  c--"), QStringLiteral("a-b-c"));
-        row("path separators", QStringLiteral("../../etc/passwd"), QStringLiteral("etcpasswd"));
-        row("tab and no-break space are no spaces", QStringLiteral(u"a\tb\u00a0c"), QStringLiteral("abc"));
-        row("other scripts and digits", QStringLiteral(u"Ärger 日本 \u0967\u00b2"),
-            QStringLiteral(u"ärger-日本-\u0967\u00b2"));
-        row("marks stay", QStringLiteral(u"Cafe\u0301 \u0928\u093f"), QStringLiteral(u"cafe\u0301-\u0928\u093f"));
-        row("emoji go", QStringLiteral(u"\U0001F4A1 idea \U0001F468\u200d\U0001F469!?"), QStringLiteral("idea"));
-        row("beyond the basic plane", QStringLiteral(u"\U00020000 \U00010400"),
-            QStringLiteral(u"\U00020000-\U00010428"));
-        row("half a character goes", QStringLiteral("a") + QChar(0xD83D) + u'b' + QChar(0xDCA1), QStringLiteral("ab"));
-        row("eight words", QStringLiteral("1 2 3 4 5 6 7 8 9 10"), QStringLiteral("1-2-3-4-5-6-7-8"));
-        row("fifty characters", QString(51, u'x'), QString(50, u'x'));
-        row("cut behind a dash", QString(49, u'x') + QStringLiteral(" yy"), QString(49, u'x') + u'-');
-        // 230 bytes are left for the slug in a file's name. It is cut between characters, unless one alone is longer.
-        const auto cut = [&row](const char* name, const QString& character, int kept) {
-            row(name, character.repeated(60), character.repeated(kept));
-        };
-        cut("letter and mark", QStringLiteral(u"e\u0301"), 50);
-        cut("four bytes each", QStringLiteral(u"\U00020000"), 50);
-        cut("five bytes each", QStringLiteral(u"e\u0301\u0323"), 46);
-        cut("101 bytes each", u'e' + QString(50, QChar(0x301)), 2);
-        row("too long alone", u'e' + QString(500, QChar(0x301)), u'e' + QString(114, QChar(0x301)));
-    }
     void slug_keepsWhatMakesAName()
     {
-        QFETCH(const QString, source);
-        QTEST(noteSlug(source), "slug");
+        for (const auto& [source, slug] : {
+                 std::pair(QStringLiteral("Hello, World! Uber-cool_idea"),
+                           QStringLiteral("hello-world-uber-cool_idea")),
+                 {QStringLiteral("--a - b  c--"), QStringLiteral("a-b-c")},
+                 {QStringLiteral("../../etc/passwd"), QStringLiteral("etcpasswd")},
+                 // A tab and a no-break space are no spaces.
+                 {QStringLiteral(u"a\tb\u00a0c"), QStringLiteral("abc")},
+                 {QStringLiteral(u"Ärger 日本 \u0967\u00b2"), QStringLiteral(u"ärger-日本-\u0967\u00b2")},
+                 {QStringLiteral(u"Cafe\u0301 \u0928\u093f"), QStringLiteral(u"cafe\u0301-\u0928\u093f")},
+                 {QStringLiteral(u"\U0001F4A1 idea \U0001F468\u200d\U0001F469!?"), QStringLiteral("idea")},
+                 {QStringLiteral(u"\U00020000 \U00010400"), QStringLiteral(u"\U00020000-\U00010428")},
+                 {QStringLiteral("a") + QChar(0xD83D) + u'b' + QChar(0xDCA1), QStringLiteral("ab")},
+                 {QStringLiteral("1 2 3 4 5 6 7 8 9 10"), QStringLiteral("1-2-3-4-5-6-7-8")},
+                 {QString(49, u'x') + QStringLiteral(" yy"), QString(49, u'x') + u'-'},
+                 {u'e' + QString(500, QChar(0x301)), u'e' + QString(114, QChar(0x301))},
+             }) {
+            QCOMPARE(noteSlug(source), slug);
+        }
+        // 230 bytes are left for the slug in a file's name. It is cut between characters, unless one alone is longer.
+        for (const auto& [character, kept] : {
+                 std::pair(QStringLiteral(u"e\u0301"), 50),
+                 {QStringLiteral(u"\U00020000"), 50},
+                 {QStringLiteral(u"e\u0301\u0323"), 46},
+                 {u'e' + QString(50, QChar(0x301)), 2},
+             }) {
+            QCOMPARE(noteSlug(character.repeated(60)), character.repeated(kept));
+        }
     }
     void fileName_isByLocalTime()
     {
         const QDateTime time(QDate(2026, 7, 1), QTime(22, 30, 5), Qt::UTC);
-        const QString local = time.toLocalTime().toString(u"yyyy-MM-dd--HHmmss");
-        QCOMPARE(noteFileName(time, QString()), local + QStringLiteral(".md"));
-        QCOMPARE(noteFileName(time, QStringLiteral("A b")), local + QStringLiteral("--a-b.md"));
-        QCOMPARE(noteFileName(time, QStringLiteral("!")), local + QStringLiteral("--.md"));
+        for (const auto& [title, rest] : {std::pair("", ".md"), {"A b", "--a-b.md"}, {"!", "--.md"}}) {
+            QCOMPARE(noteFileName(time, QString::fromLatin1(title)),
+                     time.toLocalTime().toString(u"yyyy-MM-dd--HHmmss") + QString::fromLatin1(rest));
+        }
         const QString longest = noteFileName(time, QString(60, QChar(0x0939)) + QString(500, QChar(0x0301)));
         QVERIFY(QFile::encodeName(longest).size() <= 255);
     }
@@ -90,15 +88,68 @@ private Q_SLOTS:
         check("  Plan ", "Other", "", "other\n---\n\n#   Plan \n\n");
         check(" \n", "Other", "", "other\n---\n\n");
     }
-    void firstCharacters_countsWhatReadersCount()
+    void note_titleAndPreview()
     {
-        QCOMPARE(firstCharacters(QStringLiteral("a"), 2).toString(), QStringLiteral("a"));
-        for (const QString& character :
-             {QStringLiteral("x"), QStringLiteral(u"e\u0301"), u'e' + QString(1000, QChar(0x301)),
-              QStringLiteral(u"\U0001F468\u200d\U0001F469\u200d\U0001F467")}) {
-            QCOMPARE(firstCharacters(character.repeated(30'000), 2).toString(), character.repeated(2));
+        const std::tuple<QByteArray, const char*, QByteArray> rows[] = {
+            {"", "note", ""},
+            {"---\ntype: x\n---\n\n text \n", "note", " text "},
+            {"---\r\ntype: x\r\n---\r\n# T\r\nbody\r\n", "T", "body"},
+            {"---\n# comment\n---\n\nbody", "comment", "body"},
+            {"---\ntype: x\nbody", "note", ""},
+            {"# T\n---\nhidden\n---\nseen", "T", "seen"},
+            {"body\n#tag\n## Two\n# One ", "One ", "body"},
+            {"# T\n \nbody", "T", " "},
+            {QByteArray(99, 'x') + "\U0001F468\u200d\U0001F469yy", "note",
+             QByteArray(99, 'x') + "\U0001F468\u200d\U0001F469"},
+            {"body\n" + QByteArray("filler\n").repeated(20'000) + "# Far\n", "Far", "body"},
+            // Cut by the first read.
+            {QByteArray(16 * 1024 - 5, 'x') + "\n# Heading that goes on", "Heading that goes on", QByteArray(100, 'x')},
+            {"a\xC3\n# T\xFF", "T\uFFFD", "a\uFFFD"},
+        };
+        for (const auto& [text, title, preview] : rows) {
+            writeTestFile(path("note.md"), text);
+            const NoteFile note = listRecentNotes(m_folder->path()).constFirst();
+            QCOMPARE(note.title, QString::fromUtf8(title));
+            QCOMPARE(note.preview, QString::fromUtf8(preview));
         }
     }
+    void list_newestTwentyFirst()
+    {
+        const QDateTime start(QDate(2026, 1, 1), QTime(0, 0));
+        for (int i = 0; i < 30; ++i) {
+            // The order of the names is not the order of the times.
+            QFile file(m_folder->filePath(QStringLiteral("%1.md").arg(i * 7 % 30)));
+            QVERIFY(file.open(QIODevice::WriteOnly));
+            QVERIFY(file.setFileTime(start.addMSecs(i), QFile::FileModificationTime));
+        }
+        const QList<NoteFile> notes = listRecentNotes(m_folder->path());
+        QCOMPARE(notes.size(), 20);
+        for (int i = 0; i < 20; ++i) {
+            QCOMPARE(notes[i].title, QString::number((29 - i) * 7 % 30));
+            QCOMPARE(notes[i].modificationDate, start.addMSecs(29 - i));
+        }
+    }
+    void list_onlyNotes()
+    {
+        for (const char* name : {"a.md", ".hidden.md", "b.MD", "c.txt", "d.md.txt", "md", "sub/e.md", "folder.md/f"}) {
+            writeTestFile(path(name), "");
+        }
+        // Reading this one would wait without end.
+        QCOMPARE(::mkfifo(QFile::encodeName(path("pipe.md")).constData(), 0600), 0);
+        makeTestLink(QStringLiteral("missing"), path("dangling.md"));
+        QStringList titles;
+        for (const NoteFile& note : listRecentNotes(m_folder->path())) {
+            titles.append(note.title + note.preview);
+        }
+        titles.sort();
+        QCOMPARE(titles.join(u','), QStringLiteral("a,folder,pipe"));
+        QVERIFY(listRecentNotes(path("missing")).isEmpty() && listRecentNotes(path("c.txt")).isEmpty());
+    }
+
+private:
+    QString path(const char* name) const { return m_folder->filePath(QString::fromUtf8(name)); }
+
+    std::unique_ptr<QTemporaryDir> m_folder;
 };
 
 QTEST_GUILESS_MAIN(NoteTextTest)

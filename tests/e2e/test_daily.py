@@ -2,8 +2,10 @@
 # SPDX-License-Identifier: MIT
 """Today's note in the Daily tab, while another program writes into the same file."""
 
+import json
+
 from desktop.case import DesktopCase
-from desktop.waiting import wait_until
+from desktop.waiting import PATIENCE, hold, wait_until
 
 NOTE = """## Today's Focus
 **Ship it**
@@ -25,9 +27,8 @@ class DailyTest(DesktopCase):
         super().setUp()
         self.home.make_vault()
         self.home.complete_setup()
-        self.note = self.home.vault / "Daily" / "2026" / "2026-01-22.md"
-        self.note.parent.mkdir(parents=True)
-        self.note.write_text(NOTE)
+        self.home.write_daily_note(NOTE)
+        self.note = self.home.daily_note
 
     def open_daily_tab(self):
         self.open_panel()
@@ -73,3 +74,55 @@ class DailyTest(DesktopCase):
         self.assertRegex(self.note.read_text(), r"\| 1 \| 14:\d\d \| Ship it \|")
         focus = (self.home.vault / ".vault-state" / "flit-mark" / "daily-focus.json").read_text()
         self.assertIn('"pomodoro_count": 1', focus)
+
+    def test_the_timer_is_steered_and_the_note_deleted_meanwhile(self):
+        self.home.write_coach_config('{"pomodoro_interval_minutes": 2}')
+        self.start_with_button(clock=f"@2026-01-22 14:00:00 x{40 / PATIENCE:g}")
+        self.open_daily_tab()
+        self.program.click("Start Pomodoro for a task", window="Flitmark")
+        self.program.find("Interval: 2 min", "label", "Flitmark")
+        self.program.click("Send it out", "push button", "Flitmark")
+        for control, says in [("Pause", "Timer paused"), ("Reset timer", "Timer restarted"), ("Pause", "Timer paused"),
+                              ("Resume", "Timer resumed")]:
+            self.program.click(control, window="Flitmark")
+            self.program.wait_for_output(f"CheckinWindowController: {says}")
+            if control == "Pause":
+                hold(lambda: not self.screen.windows("Pomodoro Check-in"), "no check-in while paused", 3.2 * PATIENCE)
+        self.screen.window("Pomodoro Check-in")
+        self.wait_for_line("- [ ] Send it out 🍅")
+
+        self.note.unlink()
+        self.program.click("Send it out 🍅", "check box", "Flitmark")
+        self.program.click("Refresh", window="Flitmark")
+        self.program.find("No daily note", "label", "Flitmark")
+        self.program.click("Stop & remove from task", window="Flitmark")
+        self.program.find("Start Pomodoro for a task", window="Flitmark")
+        self.program.click("On track", "push button", "Pomodoro Check-in")
+        wait_until(lambda: not self.screen.windows("Pomodoro Check-in"), "the check-in to close")
+        hold(lambda: not self.screen.windows("Pomodoro Check-in"), "no check-in when stopped", 3.2 * PATIENCE)
+        self.assertFalse(self.note.exists(), "a note made up by an edit")
+        self.home.write_daily_note(NOTE)
+        self.program.click("Refresh", window="Flitmark")
+        self.program.find("Write the page", "check box", "Flitmark")
+
+    def test_coach_alerts_are_answered(self):
+        self.home.write_coach_config("{ nonsense")
+        self.start_with_button(clock="@2026-01-22 14:00:00")
+        self.program.wait_for_output("SignalManager: Failed to load config: ")
+        self.assertEqual((self.home.signals / "coach-config.json").read_text(), "{ nonsense")
+        self.open_daily_tab()
+        alert_file = self.home.signals / "coach-alert.json"
+        for answer, response, focus in [("Intentional change", "intentional_pivot", "Ship it"),
+                                        ("Snooze", "snooze", "Ship it"), ("Refocusing now", "refocusing", "The plan")]:
+            with self.subTest(answer):
+                alert = {"alert_id": response, "triggered_at": "now", "planned": "The plan", "actual": "The news",
+                         "misalignment_count": 2, "status": "pending", "more": [1.50]}
+                alert_file.write_text(json.dumps(alert))
+                self.program.find("The news", "label", "Flitmark")
+                self.program.click(answer, "push button", "Flitmark")
+                self.program.wait_until_gone("Focus Check", window="Flitmark")
+                wait_until(lambda: self.home.signal("coach-alert") == alert | {"status": "acknowledged"}, "the receipt")
+                written = self.home.signal("user-response")
+                self.assertEqual([written["alert_id"], written["response"], written["note"]], [response, response, ""])
+                self.wait_for_line(f"**{focus}**")
+                self.assertEqual(self.home.signal("daily-focus").get("focus"), "The plan" if focus == "The plan" else None)

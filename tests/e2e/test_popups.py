@@ -2,11 +2,14 @@
 # SPDX-License-Identifier: MIT
 """The windows that come up by themselves, and the button's menu that starts what brings them up."""
 
+import json
+import re
 import time
 import unittest
 
 from desktop.case import DesktopCase
-from desktop.waiting import hold, wait_until
+from desktop.program import WallClock
+from desktop.waiting import PATIENCE, hold, wait_until
 
 NOTE = """# Today
 
@@ -20,18 +23,20 @@ Ship it
 |---|------|-------|
 """
 
+MENU_HEAD = 4 + 2 * 32 + 9
+"""What lies above the menu's Pomodoro items."""
+
 
 class PopupsTest(DesktopCase):
     def setUp(self):
         super().setUp()
         self.home.make_vault()
         self.home.complete_setup()
-        self.note = self.home.vault / "Daily" / "2026" / "2026-01-22.md"
-        self.note.parent.mkdir(parents=True)
-        self.note.write_text(NOTE)
+        self.home.write_daily_note(NOTE)
+        self.note = self.home.daily_note
 
     def open_menu(self):
-        """Opens the button's menu and gives its window. It is no child of any control that a screen reader walks."""
+        """Opens the button's menu and gives its window."""
         self.screen.click(*self.button().geometry.centre, 3)
         return self.screen.window("Flitmark Menu")
 
@@ -61,8 +66,8 @@ class PopupsTest(DesktopCase):
         bystander = self.start_bystander()
         self.start_with_button(clock="@2026-01-22 14:00:00 x120")
         menu = self.open_menu().geometry
-        self.assertEqual((menu.width, menu.height), (240, 4 + 32 + 9 + 32 + 4))
-        self.screen.click(menu.x + 40, menu.y + 4 + 16)
+        self.assertEqual((menu.width, menu.height), (240, MENU_HEAD + 32 + 9 + 32 + 4))
+        self.screen.click(menu.x + 40, menu.y + MENU_HEAD + 16)
         self.program.wait_for_output("Started Pomodoro timer (20 min intervals)")
         button = self.program.find("Flitmark Button", "push button")
         wait_until(lambda: "of the Pomodoro remain" in button.description, lambda: button.description)
@@ -80,9 +85,108 @@ class PopupsTest(DesktopCase):
         self.assertRegex(self.note.read_text(), r"\| 1 \| 14:\d\d \| Ship it \|")
         wait_until(lambda: bystander.window.is_active, "the other window to be active again")
 
-        menu = self.open_menu().geometry
-        self.screen.click(menu.x + 40, menu.y + 4 + 32 + 16)
+        self.choose("Stop Pomodoro Timer")
         wait_until(lambda: "remain" not in button.description, lambda: button.description)
+
+    def choose(self, item, says=""):
+        """Chooses an item of the menu and waits for what the program says then."""
+        self.open_menu()
+        self.program.click(item, "menu item", "Flitmark Button")
+        self.program.wait_for_output(f"CheckinWindowController: {says}")
+
+    def start_pomodoros(self, clock, coach_config):
+        """Starts the program and the timer. The speed of the clock is for a program of the usual swiftness."""
+        self.home.write_coach_config(json.dumps(coach_config))
+        begin, speed = clock.split(" x")
+        self.start_with_button(clock=f"@2026-01-22 {begin} x{float(speed) / PATIENCE:g}")
+        self.choose("Start Pomodoro Timer", "Started Pomodoro timer")
+
+    def wait_for_checkin(self):
+        checkin = self.screen.window("Pomodoro Check-in")
+        wait_until(lambda: checkin.is_active, "the check-in to have the keyboard")
+        return checkin
+
+    def answer(self, name, *keys):
+        """Chooses an answer of the check-in and presses keys, the last of which is to close it."""
+        self.wait_for_checkin()
+        self.program.click(name, "push button", "Pomodoro Check-in")
+        if keys:
+            self.wait_for_focus("Focus")
+            self.screen.key(*keys)
+        wait_until(lambda: not self.screen.windows("Pomodoro Check-in"), "the check-in to close")
+
+    def test_each_answer(self):
+        self.start_pomodoros("14:00:00 x24", {"pomodoro_interval_minutes": 1})
+        # What the program says, today's focus, what is logged in all, and what the coach is told.
+        logged = []
+        for answer, keys, says, focus, entry, told in [
+            ("Close", (), "User dismissed check-in", "Ship it", None, {}),
+            ("On track", (), "User confirmed on track", "Ship it", "Ship it", ("Ship it", 1)),
+            ("Change focus", ("End", "s", "Return"), "Focus updated to: Ship its", "Ship its", "Ship its", ("Ship its", 1)),
+            ("Done → New task", ("space", "n", "e", "w", "space", "Return"), "Completed task, new focus: new", "new",
+             "Ship its", ("new", 2)),
+        ]:
+            with self.subTest(answer):
+                self.answer(answer, *keys)
+                self.program.wait_for_output(f"CheckinWindowController: {says}")
+                logged += [entry] if entry else []
+                rows = [fr"\| {number} \| 14:\d\d \| {text} \|\n" for number, text in enumerate(logged, 1)]
+                expected = re.escape(NOTE.replace("Ship it", focus).replace("0/8", f"{len(logged)}/8"))
+                wait_until(lambda: re.fullmatch(expected + "".join(rows), self.note.read_text()), self.note.read_text)
+                signal = self.home.signal("daily-focus")
+                self.assertEqual((signal["focus"], signal["pomodoro_count"]) if told else signal, told)
+        self.answer("Snooze 1m")
+        self.program.wait_for_output("Snoozed until 2026-01-22 13:")
+        self.program.wait_for_output("Still snoozed until 2026-01-22 13:")
+        self.assertEqual(self.screen.windows("Pomodoro Check-in"), [])
+        before = self.note.read_text()
+        self.wait_for_checkin()
+
+        def is_dismissed():
+            # A popup takes no key in its first moment.
+            self.screen.key("Escape")
+            return not self.screen.windows("Pomodoro Check-in")
+
+        wait_until(is_dismissed, "the check-in to close")
+        self.assertEqual(self.note.read_text(), before)
+
+    def test_no_checkin_outside_the_window_while_paused_or_when_stopped(self):
+        self.start_pomodoros("14:00:00 x60", {"pomodoro_interval_minutes": 2, "checkin_start_time": "14:07"})
+        button = self.program.find("Flitmark Button", "push button")
+        self.program.wait_for_output("Outside check-in window")
+        self.assertEqual(self.screen.windows("Pomodoro Check-in"), [])
+        self.answer("On track")
+        self.choose("Pause Check-ins", "Timer paused")
+        frozen = button.description
+        hold(lambda: not self.screen.windows("Pomodoro Check-in"), "no check-in while paused", 2.5 * PATIENCE)
+        self.assertIn("remain", frozen)
+        self.assertEqual(button.description.split(".")[0], frozen.split(".")[0])
+        self.choose("Resume Check-ins", "Timer resumed")
+        self.answer("Close")
+        self.choose("Stop Pomodoro Timer")
+        wait_until(lambda: "remain" not in button.description, lambda: button.description)
+        hold(lambda: not self.screen.windows("Pomodoro Check-in"), "no check-in when stopped", 2.5 * PATIENCE)
+        self.assertIn("**Today:** 1/8", self.note.read_text())
+
+    def test_sleeps_over_two_reviews_and_is_reminded_once(self):
+        self.home.complete_setup(daily_review_times=["19:00", "19:10", "20:59"])
+        clock = WallClock(self.desktop.folder / "clock", "18:01:55")
+        self.start_with_button(clock=clock)
+        clock.set("19:30:58")
+        review = self.screen.window("Daily Review")
+        wait_until(lambda: review.is_active, "the reminder to have the keyboard")
+        self.program.click("Open Daily Tab", "push button", "Daily Review")
+        self.program.find("Ship it", "label", "Flitmark")
+        hold(lambda: not self.screen.windows("Daily Review"), "no other reminder", 0.5)
+
+    def test_the_note_is_gone_when_asked_about(self):
+        self.start_pomodoros("14:00:00 x30", {"pomodoro_interval_minutes": 1})
+        self.note.unlink()
+        self.answer("On track")
+        self.program.wait_for_output("User confirmed on track")
+        self.answer("Done → New task", "x", "Return")
+        self.program.wait_for_output("Completed task, new focus: x")
+        self.assertFalse(self.note.exists(), "a note made up by an answer")
 
     def test_quits_by_keyboard_with_the_panel_open(self):
         self.start_with_button()

@@ -72,6 +72,7 @@ class SetupTest(DesktopCase):
         self.assertEqual(config["quick_tags"][-1]["icon"], "🎯")
         self.assertEqual(len(config), 20)
         self.assertEqual(list(config), sorted(config), "the keys in the order of the file")
+        self.program.find("Not Now", "push button", "Start Flitmark automatically?")
 
     def test_keyboard_alone_finishes(self):
         self.home.make_vault()

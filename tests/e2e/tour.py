@@ -53,6 +53,8 @@ class Tour:
         self._picture(wizard, "wizard-finish")
         program.click("Start Using Flitmark", "push button")
         self._picture(self._screen.window("Flitmark Button"), "button")
+        self._picture(self._screen.window("Start Flitmark automatically?"), "login-question")
+        program.click("Not Now", "push button")
 
     def _capture(self):
         program = self._program

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Flitmark authors
 // SPDX-License-Identifier: MIT
 
+#include <platform/Directories.h>
 #include <platform/Files.h>
 #include <support/TestFiles.h>
 
@@ -37,74 +38,50 @@ private Q_SLOTS:
         // Files of the kernel claim to be empty.
         QVERIFY(readFile(QStringLiteral("/proc/self/status")).value().startsWith("Name:"));
     }
-    void replaceIfUnchanged_writesThroughALinkAndOnlyOverWhatWasRead()
+    void directories_followTheEnvironment()
     {
-        writeTestFile(path("sub/real"), "old");
-        makeTestLink(QStringLiteral("sub/real"), path("link"));
-        const QByteArray name = QFile::encodeName(path("sub/real"));
-        QCOMPARE(::chmod(name.constData(), 0640), 0);
-        const bool hasAttributes = ::setxattr(name.constData(), "user.colour", "red", 3, 0) == 0;
-
-        QCOMPARE(replaceFileIfUnchanged(path("link"), "older", "new").value(), ReplaceOutcome::Changed);
-        QCOMPARE(readTestFile(path("sub/real")), "old");
-        QCOMPARE(replaceFileIfUnchanged(path("link"), "old", "new").value(), ReplaceOutcome::Replaced);
-        QCOMPARE(readTestFile(path("sub/real")), "new");
-        QVERIFY(QFileInfo(path("link")).isSymLink());
-        QCOMPARE(QDir(path("sub")).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("real")});
-        struct stat info = {};
-        QCOMPARE(::stat(name.constData(), &info), 0);
-        QCOMPARE(info.st_mode & 07777U, 0640U);
-        QByteArray value(3, '\0');
-        QVERIFY(!hasAttributes || ::getxattr(name.constData(), "user.colour", value.data(), 3) == 3);
-        QVERIFY(!replaceFileIfUnchanged(path("gone"), "", "new"));
-        QVERIFY(!QFileInfo::exists(path("gone")));
+        qputenv("HOME", QFile::encodeName(m_folder->path()));
+        qunsetenv("XDG_CACHE_HOME");
+        qputenv("XDG_CONFIG_HOME", "relative/is/ignored");
+        QCOMPARE(Directories::ofUser().applicationSupport, path(".config"));
+        QCOMPARE(Directories::ofUser().cache, path(".cache"));
+        qputenv("XDG_CONFIG_HOME", "/elsewhere//config/");
+        QCOMPARE(Directories::ofUser().ownFolder(), QStringLiteral("/elsewhere/config/Flitmark"));
+        QVERIFY(QDir().mkpath(path("Library/Application Support")));
+        QCOMPARE(Directories::ofUser().applicationSupport, path("Library/Application Support"));
+        QCOMPARE(Directories::ofUser().configHome, QStringLiteral("/elsewhere/config"));
     }
-    void replaceFile_keepsLinks_data()
+    void replacing_keepsLinksPermissionsAndAttributes()
     {
-        QTest::addColumn<QString>("target");
-        QTest::addColumn<bool>("exists");
-        QTest::newRow("absolute") << path("sub/real") << true;
-        QTest::newRow("relative") << QStringLiteral("sub/real") << true;
-        QTest::newRow("to nothing yet") << QStringLiteral("sub/real") << false;
-        // The system goes to where the inner link leads before it goes up.
-        QTest::newRow("up from behind a link") << QStringLiteral("inner/../real") << false;
-    }
-    void replaceFile_keepsLinks()
-    {
-        QFETCH(QString, target);
-        QFETCH(const bool, exists);
         QVERIFY(QDir().mkpath(path("sub/deep")));
         makeTestLink(QStringLiteral("sub/deep"), path("inner"));
-        if (exists) {
-            writeTestFile(path("sub/real"), "old");
+        // The system goes to where the inner link leads before it goes up.
+        for (const QString& target : {path("sub/real"), QStringLiteral("sub/real"), QStringLiteral("inner/../real")}) {
+            QFile::remove(path("sub/real"));
+            QFile::remove(path("link"));
+            QFile::remove(path("first"));
+            makeTestLink(target, path("link"));
+            makeTestLink(QStringLiteral("link"), path("first"));
+            const mode_t mask = ::umask(027);
+            const bool isWritten = replaceFile(path("first"), "fresh").has_value();
+            ::umask(mask);
+            QVERIFY(isWritten);
+            QCOMPARE(statusOf(path("sub/real")).st_mode & 07777U, 0640U);
+            QVERIFY(QFile::setPermissions(path("sub/real"), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOther));
+            const QByteArray name = QFile::encodeName(path("sub/real"));
+            const bool hasAttributes = ::setxattr(name.constData(), "user.colour", "red", 3, 0) == 0;
+            QVERIFY(replaceFile(path("first"), "old"));
+            QCOMPARE(replaceFileIfUnchanged(path("first"), "older", "new").value(), ReplaceOutcome::Changed);
+            QCOMPARE(readTestFile(path("sub/real")), "old");
+            QCOMPARE(replaceFileIfUnchanged(path("first"), "old", "new").value(), ReplaceOutcome::Replaced);
+            QCOMPARE(readTestFile(path("sub/real")), "new");
+            QVERIFY(QFileInfo(path("link")).isSymLink() && QFileInfo(path("first")).isSymLink());
+            QCOMPARE(QDir(path("sub")).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("real")});
+            QCOMPARE(statusOf(path("sub/real")).st_mode & 07777U, 0601U);
+            QByteArray value(3, '\0');
+            QVERIFY(!hasAttributes || ::getxattr(name.constData(), "user.colour", value.data(), 3) == 3);
         }
-        makeTestLink(target.startsWith(u'/') ? path("sub/real") : target, path("link"));
-        makeTestLink(QStringLiteral("link"), path("first"));
-        QVERIFY(replaceFile(path("first"), "new"));
-        QCOMPARE(readTestFile(path("sub/real")), QByteArray("new"));
-        QVERIFY(QFileInfo(path("link")).isSymLink() && QFileInfo(path("first")).isSymLink());
-        QCOMPARE(names(), QStringLiteral("first,inner,link,sub"));
-    }
-    void replaceFile_keepsPermissionsAndAttributes()
-    {
-        const QByteArray name = QFile::encodeName(path("file"));
-        writeTestFile(path("file"), "old");
-        QCOMPARE(::chmod(name.constData(), 0640), 0);
-        const bool hasAttributes = ::setxattr(name.constData(), "user.colour", "red", 3, 0) == 0;
-        QVERIFY(replaceFile(path("file"), "new"));
-        QByteArray value("red");
-        if (hasAttributes) {
-            value.fill('\0');
-            QCOMPARE(::getxattr(name.constData(), "user.colour", value.data(), 3), 3);
-        }
-        QCOMPARE(value, QByteArray("red"));
-        const mode_t mask = ::umask(027);
-        const bool isWritten = replaceFile(path("fresh"), "new").has_value();
-        ::umask(mask);
-        QVERIFY(isWritten);
-        for (const char* file : {"file", "fresh"}) {
-            QCOMPARE(statusOf(path(file)).st_mode & 07777U, 0640U);
-        }
+        QVERIFY(!replaceFileIfUnchanged(path("gone"), "", "new") && !QFileInfo::exists(path("gone")));
     }
     void replaceFile_intoADevice_leavesTheDevice()
     {
@@ -115,31 +92,24 @@ private Q_SLOTS:
         QVERIFY(!replaceFile(path("pipe"), "text"));
         QVERIFY(!QFileInfo(path("pipe")).isFile());
     }
-    void failure_leavesEverything_data()
-    {
-        QTest::addColumn<QString>("target");
-        QTest::addColumn<QString>("message");
-        const auto row = [](const char* name, const QString& target, const char* message) {
-            QTest::newRow(name) << target << QString::fromLatin1(message);
-        };
-        row("below a file", QStringLiteral("file/sub"), "Not a directory");
-        row("no such folder", QStringLiteral("missing/sub"), "No such file or directory");
-        row("a folder", QStringLiteral("folder"), "Is a directory");
-        row("links in a circle", QStringLiteral("circle"), "Too many levels of symbolic links");
-        row("name too long", QString(300, u'x'), "File name too long");
-        row("NUL", QStringLiteral("file") + QChar::Null + u'x', "Invalid argument");
-    }
     void failure_leavesEverything()
     {
-        QFETCH(const QString, target);
-        QFETCH(const QString, message);
         writeTestFile(path("file"), "text");
         QVERIFY(QDir().mkpath(path("folder")));
         makeTestLink(QStringLiteral("circle"), path("circle"));
-        const QString to = m_folder->path() + u'/' + target;
-        QCOMPARE(replaceFile(to, "new").error().message, message);
-        QCOMPARE(overwriteFile(to, "new").error().message, message);
-        QCOMPARE(readFile(to).error().message, message);
+        for (const auto& [target, message] : {
+                 std::pair(QStringLiteral("file/sub"), "Not a directory"),
+                 {QStringLiteral("missing/sub"), "No such file or directory"},
+                 {QStringLiteral("folder"), "Is a directory"},
+                 {QStringLiteral("circle"), "Too many levels of symbolic links"},
+                 {QString(300, u'x'), "File name too long"},
+                 {QStringLiteral("file") + QChar::Null + u'x', "Invalid argument"},
+             }) {
+            const QString to = m_folder->path() + u'/' + target;
+            QCOMPARE(replaceFile(to, "new").error().message, QString::fromLatin1(message));
+            QCOMPARE(overwriteFile(to, "new").error().message, QString::fromLatin1(message));
+            QCOMPARE(readFile(to).error().message, QString::fromLatin1(message));
+        }
         QCOMPARE(names(), QStringLiteral("circle,file,folder"));
         QCOMPARE(readTestFile(path("file")), QByteArray("text"));
         QVERIFY(QDir(path("folder")).isEmpty());

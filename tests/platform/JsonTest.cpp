@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include <platform/Json.h>
+#include <platform/RawJson.h>
 
 #include <QtTest/QTest>
 
@@ -22,83 +23,72 @@ private Q_SLOTS:
         QCOMPARE(encodeJson(object.value()).replace('\n', '|').replace("  ", "."),
                  QByteArray("{|.\"aB\": [],|.\"a_b\": {},|.\"b\": [|..1,|..{|...\"Z\": 2,|...\"z\": 1|..}|.],|"
                             ".\"\uFF5E\": 2,|.\"\U0001F525\": 1|}|"));
-    }
-    void encodeJson_values_data()
-    {
-        QTest::addColumn<QJsonValue>("value");
-        QTest::addColumn<QByteArray>("written");
-        const auto row = [](const QJsonValue& value, const QByteArray& written) {
-            QTest::newRow(written.constData()) << value << written;
-        };
-        row(QStringLiteral(u"/\"\\\n\r\t\b\u001f\U0001F4A1"), "\"\\/\\\"\\\\\\n\\r\\t\\u0008\\u001f\U0001F4A1\"");
-        row(440.0, "440");
-        row(0.95, "0.95");
-        row(1e-7, "1e-07");
-        row(std::numeric_limits<qint64>::max(), "9223372036854775807");
-        row(-std::numeric_limits<double>::infinity(), "null");
-        row(true, "true");
-    }
-    void encodeJson_values()
-    {
-        QFETCH(const QJsonValue, value);
-        QFETCH(const QByteArray, written);
-        QCOMPARE(encodeJson(value), written + '\n');
-        const auto again = parseJsonObject("{\"x\":" + written + '}');
-        QCOMPARE(again.value().value(u"x"), written == "null" ? QJsonValue() : value);
-    }
-    void parseJsonObject_saysWhatIsWrong()
-    {
-        const auto error = [](const QByteArray& bytes) { return parseJsonObject(bytes).error(); };
-        for (const QByteArray& bytes :
-             {QByteArray(), QByteArray("{\"a\": \"b"), QByteArray("{\"a\": \"\xC3\"}"), QByteArray(100'000, '[')}) {
-            QVERIFY(error(bytes).contains(u"not valid JSON"));
-        }
-        QVERIFY(error("[]").contains(u"not an object"));
-        QVERIFY(error("{}{}").contains(u"at byte"));
-    }
-    void wholeNumbers_mayHaveAnEmptyFraction()
-    {
-        const auto read = [](const QByteArray& number) {
-            QString error;
-            JsonFields fields(parseJsonObject("{\"n\": " + number + "}").value(), QString(), error);
-            const qint64 value = fields.required<qint64>(QStringLiteral("n"));
-            return error.isEmpty() ? QByteArray::number(value) : QByteArray("refused");
-        };
-        for (const char* twenty : {"20", "20.0", "2e1"}) {
-            QCOMPARE(read(twenty), QByteArray("20"));
-        }
-        for (const char* edge : {"9223372036854775807", "-9223372036854775808"}) {
-            QCOMPARE(read(edge), QByteArray(edge));
-        }
-        for (const char* bad : {"20.5", "9223372036854775808", "\"20\"", "true"}) {
-            QCOMPARE(read(bad), QByteArray("refused"));
+        for (const auto& [value, written] : {
+                 std::pair<QJsonValue, QByteArray>(QStringLiteral(u"/\"\\\n\r\t\b\u001f\U0001F4A1"),
+                                                   "\"\\/\\\"\\\\\\n\\r\\t\\u0008\\u001f\U0001F4A1\""),
+                 {440.0, "440"},
+                 {0.95, "0.95"},
+                 {1e-7, "1e-07"},
+                 {std::numeric_limits<qint64>::max(), "9223372036854775807"},
+                 {-std::numeric_limits<double>::infinity(), "null"},
+                 {true, "true"},
+             }) {
+            QCOMPARE(encodeJson(value), written + '\n');
+            const auto again = parseJsonObject("{\"x\":" + written + '}');
+            QCOMPARE(again.value().value(u"x"), written == "null" ? QJsonValue() : value);
         }
     }
-    void fields_nameTheFirstKeyAtFault()
+    void raw_isWrittenAgain()
     {
-        const auto check = [](const QByteArray& bytes, const QString& message) {
-            QString error;
-            JsonFields fields(parseJsonObject(bytes).value(), QStringLiteral("outer"), error);
-            QVERIFY(fields.required<QStringList>(QStringLiteral("key")).isEmpty());
-            JsonFields(QJsonObject(), QString(), error).required<QString>(QStringLiteral("second"));
-            QCOMPARE(error, QStringLiteral("The value of \"outer.key\" is ") + message);
-        };
-        check("{}", QStringLiteral("missing."));
-        for (const char* bad : {"{\"key\": 1}", "{\"key\": [\"a\", 1]}", "{\"key\": null}"}) {
-            check(bad, QStringLiteral("not a list of strings."));
+        // Line breaks are shown as "|", and each step of indentation as ".".
+        for (const auto& [bytes, expected] : {
+                 std::pair("[0,-0,1.10,-1E-400,123456789012345678901,0.1e+5,true,false,null]",
+                           "[|.0,|.-0,|.1.10,|.-1E-400,|.123456789012345678901,|.0.1e+5,|.true,|.false,|.null|]|"),
+                 {"\xEF\xBB\xBF \t\r\n{ \"b\" : [ ] , \"a\" : { } } \n", "{|.\"a\": {},|.\"b\": []|}|"},
+                 {R"({"b":{"z":1,"y":2},"a":[{"d":1,"c":2}]})",
+                  "{|.\"a\": [|..{|...\"c\": 2,|...\"d\": 1|..}|.],|.\"b\": {|..\"y\": 2,|..\"z\": 1|.}|}|"},
+                 {"{\"\U0001F345\":1,\"\uFF21\":2,\"a\":3,\"Z\":4}",
+                  "{|.\"Z\": 4,|.\"a\": 3,|.\"\uFF21\": 2,|.\"\U0001F345\": 1|}|"},
+                 // The last of equal keys counts; keys that are no text stay apart.
+                 {R"({"a":1,"b":2,"\u0061":3})", "{|.\"\\u0061\": 3,|.\"b\": 2|}|"},
+                 {R"({"\ud800":1,"\ud801":2,"":3})", "{|.\"\": 3,|.\"\\ud800\": 1,|.\"\\ud801\": 2|}|"},
+                 // Strings stay as written, but slashes are escaped once.
+                 {"[\"\\u00e9é\\\"\\\\\\n\\ud800a/b\\/c\\\\/d\"]",
+                  "[|.\"\\u00e9é\\\"\\\\\\n\\ud800a\\/b\\/c\\\\\\/d\"|]|"},
+             }) {
+            const QByteArray written = RawJson::parse(bytes).value().encode();
+            QCOMPARE(QByteArray(written).replace('\n', '|').replace("  ", "."), QByteArray(expected));
+            QCOMPARE(RawJson::parse(written)->encode(), written);
         }
     }
-    void fields_absentAndNull_areNothing()
+    void raw_invalid_isRefused()
     {
-        QString error;
-        JsonFields fields(parseJsonObject("{\"null\": null, \"wrong\": 1, \"right\": false}").value(), {}, error);
-        QVERIFY(!fields.optional<bool>(QStringLiteral("null")) && !fields.optional<bool>(QStringLiteral("absent")));
-        QCOMPARE(fields.optional<bool>(QStringLiteral("right")), false);
-        QVERIFY(error.isEmpty());
-        fields.optional<bool>(QStringLiteral("wrong"));
-        QCOMPARE(error, QStringLiteral("The value of \"wrong\" is not true or false."));
+        for (const char* bytes :
+             {"",         " \n",     "{",           "}",       "[1,]",     "{\"a\":1,}", "{\"a\"}",  "{\"a\" 1}",
+              "{a:1}",    "[1 2]",   "[]]",         "nul",     "nulll",    "+1",         "01",       "1.",
+              ".5",       "1e",      "1e+",         "-",       "0x1",      "NaN",        "'a'",      "\"a",
+              "\"\\",     "\"\\x\"", "\"\\u12g4\"", "\"\\u12", "\"a\nb\"", "\"\x01\"",   "\"\xFF\"", "\"\xED\xA0\x80\"",
+              "[1] // x", "{\"a\":}"}) {
+            const auto json = RawJson::parse(bytes);
+            QVERIFY2(!json && json.error().startsWith(QStringLiteral("The data ")), bytes);
+        }
+        const auto nested = [](qsizetype depth) { return QByteArray(depth, '[') + QByteArray(depth, ']'); };
+        QVERIFY(RawJson::parse(nested(512)));
+        for (const QByteArray& bytes : {nested(513), nested(1'000'000), QByteArray("{\"a\":").repeated(1'000'000)}) {
+            QCOMPARE(RawJson::parse(bytes).error(), QStringLiteral("The data is nested too deeply."));
+        }
+    }
+    void raw_isReadAndChanged()
+    {
+        const auto list = RawJson::parse(R"([{"s":"\u00e9"},9007199254740993,1.5,true,null,[]])");
+        const QJsonObject object{{QStringLiteral("s"), QStringLiteral("é")}};
+        QCOMPARE(list->toValue().toArray(),
+                 QJsonArray({object, qint64{9007199254740993}, 1.5, true, QJsonValue(), QJsonArray()}));
+        auto json = RawJson::parse(R"({"a":1,"\u0073tatus":[1],"z":2})");
+        json->setString(QStringLiteral("status"), QStringLiteral("x\"/"));
+        QCOMPARE(json->encode(), QByteArray("{\n  \"a\": 1,\n  \"\\u0073tatus\": \"x\\\"\\/\",\n  \"z\": 2\n}\n"));
     }
 };
 
-QTEST_GUILESS_MAIN(JsonTest)
+QTEST_APPLESS_MAIN(JsonTest)
 #include "JsonTest.moc"

@@ -3,9 +3,13 @@
 
 #pragma once
 
+#include <QAbstractButton>
 #include <QAccessible>
+#include <QApplication>
 #include <QLabel>
-#include <QWidget>
+#include <QLayout>
+#include <QScrollArea>
+#include <QtTest/QTest>
 
 namespace flitmark {
 
@@ -47,6 +51,66 @@ inline QStringList visibleTexts(const QWidget& root)
         }
     }
     return texts;
+}
+
+/// Shows `window` and waits until it has the keyboard.
+inline void showActive(QWidget& window)
+{
+    window.show();
+    window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+}
+/// Lets go what was replaced: that happens with the next turn.
+inline void settle()
+{
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCoreApplication::processEvents();
+}
+/// Clicks the button of that name; fails the test where there is none, or a disabled one.
+inline void click(const QWidget& root, const QString& name)
+{
+    auto* button = named<QAbstractButton>(root, name);
+    QVERIFY2(button != nullptr && button->isEnabled(), qPrintable(name));
+    QTest::mouseClick(button, Qt::LeftButton);
+    settle();
+}
+/// Presses a key where the keyboard is.
+inline void press(Qt::Key key)
+{
+    QVERIFY(QApplication::focusWidget() != nullptr);
+    QTest::keyClick(QApplication::focusWidget(), key);
+}
+/// Replaces what `field` holds by typing.
+inline void type(QWidget* field, const QString& text)
+{
+    QVERIFY(field != nullptr);
+    field->setFocus();
+    QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(field, Qt::Key_Delete);
+    QTest::keyClicks(field, text);
+}
+
+/// What is cut off of the labels, buttons and scrolled contents below `root`.
+inline QStringList cutOff(const QWidget& root)
+{
+    QStringList cut;
+    const auto check = [&](const QWidget* widget, bool fits, const QString& name) {
+        cut += widget->isVisible() && !fits ? QStringList(name.left(80)) : QStringList();
+    };
+    for (const QLabel* label : root.findChildren<QLabel*>()) {
+        const int needed =
+            label->hasHeightForWidth() ? label->heightForWidth(label->width()) : label->minimumSizeHint().height();
+        check(label, label->height() >= needed, label->text());
+    }
+    for (QAbstractButton* button : root.findChildren<QAbstractButton*>()) {
+        const bool isWhole = button->size().expandedTo(button->sizeHint()) == button->size();
+        check(button, isWhole && button->mapTo(&root, button->rect().bottomRight()).x() < root.width(), spoken(button));
+    }
+    for (const QScrollArea* area : root.findChildren<QScrollArea*>()) {
+        const QWidget* content = area->widget();
+        check(area, content->height() >= content->layout()->heightForWidth(content->width()), spoken(area->widget()));
+    }
+    return cut;
 }
 
 } // namespace flitmark

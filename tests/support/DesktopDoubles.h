@@ -4,9 +4,14 @@
 #pragma once
 
 #include <platform/Dialogs.h>
+#include <platform/KeyMonitor.h>
+#include <platform/LoginService.h>
 #include <platform/Screens.h>
+#include <platform/Updater.h>
+#include <platform/UserDefaults.h>
 #include <platform/WindowManager.h>
 
+#include <QHash>
 #include <QWindow>
 
 namespace flitmark {
@@ -23,37 +28,99 @@ protected:
     double bottomOfMainScreen() const override { return frames ? frames->full.height() : 0; }
 };
 
-/// A desktop on which some other program's window has the keyboard.
+/// A desktop that leaves every window as it is.
 class FakeWindowManager final : public WindowManager
 {
 public:
-    WindowId active = 0;
-    QList<WindowId> activated;
-
     bool composites = true;
 
     bool isCompositing() const override { return composites; }
     void makeCompanion(QWindow&) override {}
     void keepAbove(QWindow&, QWindow&) override {}
     void setInputArea(QWindow&, const QRect&) override {}
-    WindowId activeWindow() const override { return active; }
-    void activate(WindowId window) override { activated.append(window); }
+    void answerActivation(QWindow&, const QString&) override {}
+    WindowId activeWindow() const override { return 0; }
+    void activate(WindowId) override {}
 };
 
-/// Answers every question for a folder with `answer`; an empty one is a cancelled dialog.
+/// Answers every question for a folder with `answer`; an empty one is a cancelled dialog. Other questions get the first
+/// button.
 class FakeDialogs final : public Dialogs
 {
 public:
     QString answer;
     QStringList messages;
 
-    void chooseFolder(QWidget&, const QString& message, FolderChosen onChosen) override
+    void chooseFolder(QWidget&, const QString&, FolderChosen onChosen) override
     {
-        messages.append(message);
         if (!answer.isEmpty()) {
             onChosen(answer);
         }
     }
+    void ask(const Question& question, Answered onAnswered) override
+    {
+        messages.append(question.message);
+        onAnswered(0);
+    }
+};
+
+/// A hotkey that is pressed by emitting its signal.
+class FakeKeyMonitor final : public KeyMonitor
+{
+public:
+    State current{.status = Status::Working};
+
+    void start() override {}
+    State state() const override { return current; }
+    void giveTypingTo(WindowId) override {}
+};
+
+/// A login service whose changes fail with `failure` unless it is empty.
+class FakeLoginService final : public LoginService
+{
+public:
+    Status current = Status::NotRegistered;
+    QString failure;
+
+    Status status() const override { return current; }
+    Outcome registerProgram() override { return change(Status::Enabled); }
+    Outcome unregisterProgram() override { return change(Status::NotRegistered); }
+
+private:
+    Outcome change(Status status)
+    {
+        if (!failure.isEmpty()) {
+            return tl::unexpected(failure);
+        }
+        current = status;
+        return {};
+    }
+};
+
+/// Defaults kept in memory.
+class FakeUserDefaults final : public UserDefaults
+{
+public:
+    QHash<QString, bool> values;
+    QHash<QString, QString> texts;
+
+    bool boolean(const QString& key, bool fallback) const override { return values.value(key, fallback); }
+    void setBoolean(const QString& key, bool value) override { values.insert(key, value); }
+    QString text(const QString& key) const override { return texts.value(key); }
+    void setText(const QString& key, const QString& value) override { texts.insert(key, value); }
+};
+
+/// An updater that never finds anything by itself.
+class FakeUpdater final : public Updater
+{
+public:
+    State current;
+    bool automatic = true;
+
+    bool automaticallyChecksForUpdates() const override { return automatic; }
+    void setAutomaticallyChecksForUpdates(bool value) override { automatic = value; }
+    void checkForUpdates() override {}
+    State state() const override { return current; }
 };
 
 } // namespace flitmark

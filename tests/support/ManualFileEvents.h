@@ -21,7 +21,6 @@ public:
     tl::expected<std::unique_ptr<FileEventSource>, FileError> open(const QString& path, FileEventSource::Events wanted,
                                                                    FileEventSource::Handler handler) override
     {
-        ++openings;
         if (isBroken) {
             return tl::unexpected(FileError{QStringLiteral("Broken")});
         }
@@ -49,8 +48,6 @@ public:
         return all;
     }
 
-    /// How many watches were asked for.
-    int openings = 0;
     /// Lets every further watch fail.
     bool isBroken = false;
 

@@ -3,6 +3,7 @@
 
 #include <platform/SharedServices.h>
 #include <platform/WindowManager.h>
+#include <platform/linux/XcbReply.h>
 
 #include <QGuiApplication>
 #include <QWindow>
@@ -12,20 +13,11 @@
 
 #include <array>
 #include <cmath>
-#include <cstdlib>
 #include <memory>
 
 namespace flitmark {
 
 namespace {
-
-template<typename Reply>
-struct Freed
-{
-    void operator()(Reply* reply) const { std::free(reply); }
-};
-template<typename Reply>
-using ReplyPointer = std::unique_ptr<Reply, Freed<Reply>>;
 
 /// The window manager of an X11 desktop, spoken to by the properties and messages of the Extended Window Manager Hints.
 class X11WindowManager final : public WindowManager
@@ -42,8 +34,7 @@ public:
                 xcb_intern_atom(connection, 0, static_cast<uint16_t>(atomNames.at(i).size()), atomNames.at(i).data());
         }
         for (size_t i = 0; i < atomNames.size(); ++i) {
-            const ReplyPointer<xcb_intern_atom_reply_t> reply(
-                xcb_intern_atom_reply(connection, cookies.at(i), nullptr));
+            const XcbReply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(connection, cookies.at(i), nullptr));
             m_atoms.at(i) = reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
         }
     }
@@ -51,7 +42,7 @@ public:
     bool isCompositing() const override
     {
         const auto cookie = xcb_get_selection_owner(m_connection, atom(CompositingManager));
-        const ReplyPointer<xcb_get_selection_owner_reply_t> reply(
+        const XcbReply<xcb_get_selection_owner_reply_t> reply(
             xcb_get_selection_owner_reply(m_connection, cookie, nullptr));
         return reply && reply->owner != XCB_NONE;
     }
@@ -97,10 +88,34 @@ public:
         xcb_flush(m_connection);
     }
 
+    void answerActivation(QWindow& window, const QString& token) override
+    {
+        const QByteArray id = token.toUtf8();
+        const auto windowId = static_cast<xcb_window_t>(window.winId());
+        xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, windowId, atom(StartupId), atom(Utf8String), 8,
+                            static_cast<uint32_t>(id.size()), id.constData());
+        // The message is longer than an event: it goes in pieces of twenty bytes, the last one with its NUL.
+        const QByteArray message = "remove: ID=\"" + QByteArray(id).replace('\\', "\\\\").replace('"', "\\\"") + "\"";
+        xcb_client_message_event_t event{};
+        event.response_type = XCB_CLIENT_MESSAGE;
+        event.format = 8;
+        event.window = windowId;
+        event.type = atom(StartupInfoBegin);
+        for (qsizetype start = 0; start <= message.size(); start += qsizetype{sizeof event.data.data8}) {
+            const QByteArray piece = message.mid(start, sizeof event.data.data8);
+            std::fill(std::begin(event.data.data8), std::end(event.data.data8), uint8_t{0});
+            std::copy(piece.begin(), piece.end(), std::begin(event.data.data8));
+            xcb_send_event(m_connection, 0, m_root, XCB_EVENT_MASK_PROPERTY_CHANGE,
+                           reinterpret_cast<const char*>(&event));
+            event.type = atom(StartupInfo);
+        }
+        xcb_flush(m_connection);
+    }
+
     WindowId activeWindow() const override
     {
         const auto cookie = xcb_get_property(m_connection, 0, m_root, atom(ActiveWindow), XCB_ATOM_WINDOW, 0, 1);
-        const ReplyPointer<xcb_get_property_reply_t> reply(xcb_get_property_reply(m_connection, cookie, nullptr));
+        const XcbReply<xcb_get_property_reply_t> reply(xcb_get_property_reply(m_connection, cookie, nullptr));
         if (!reply || xcb_get_property_value_length(reply.get()) < static_cast<int>(sizeof(xcb_window_t))) {
             return 0;
         }
@@ -116,15 +131,32 @@ public:
     }
 
 private:
-    enum Atom { CompositingManager, WmDesktop, WmState, SkipTaskbar, SkipPager, ActiveWindow, WindowType, TypeDialog };
-    static constexpr std::array<std::string_view, 8> atomNames{"_NET_WM_CM_S0",
-                                                               "_NET_WM_DESKTOP",
-                                                               "_NET_WM_STATE",
-                                                               "_NET_WM_STATE_SKIP_TASKBAR",
-                                                               "_NET_WM_STATE_SKIP_PAGER",
-                                                               "_NET_ACTIVE_WINDOW",
-                                                               "_NET_WM_WINDOW_TYPE",
-                                                               "_NET_WM_WINDOW_TYPE_DIALOG"};
+    enum Atom {
+        CompositingManager,
+        WmDesktop,
+        WmState,
+        SkipTaskbar,
+        SkipPager,
+        ActiveWindow,
+        WindowType,
+        TypeDialog,
+        StartupId,
+        StartupInfoBegin,
+        StartupInfo,
+        Utf8String
+    };
+    static constexpr std::array<std::string_view, 12> atomNames{"_NET_WM_CM_S0",
+                                                                "_NET_WM_DESKTOP",
+                                                                "_NET_WM_STATE",
+                                                                "_NET_WM_STATE_SKIP_TASKBAR",
+                                                                "_NET_WM_STATE_SKIP_PAGER",
+                                                                "_NET_ACTIVE_WINDOW",
+                                                                "_NET_WM_WINDOW_TYPE",
+                                                                "_NET_WM_WINDOW_TYPE_DIALOG",
+                                                                "_NET_STARTUP_ID",
+                                                                "_NET_STARTUP_INFO_BEGIN",
+                                                                "_NET_STARTUP_INFO",
+                                                                "UTF8_STRING"};
     static constexpr uint32_t applicationSource = 1;
     static constexpr uint32_t addState = 1;
 
@@ -156,6 +188,7 @@ public:
     void makeCompanion(QWindow&) override {}
     void keepAbove(QWindow& upper, QWindow& lower) override { upper.setTransientParent(&lower); }
     void setInputArea(QWindow&, const QRect&) override {}
+    void answerActivation(QWindow&, const QString&) override {}
     WindowId activeWindow() const override { return 0; }
     void activate(WindowId) override {}
 };
@@ -165,7 +198,9 @@ public:
 WindowManager& WindowManager::shared()
 {
     return SharedServices::get<WindowManager>([]() -> std::unique_ptr<WindowManager> {
-        if (const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>()) {
+        // Without a display the interface may be there, and no connection behind it.
+        if (const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+            x11 != nullptr && x11->connection() != nullptr) {
             return std::make_unique<X11WindowManager>(x11->connection());
         }
         return std::make_unique<PlainWindowManager>();

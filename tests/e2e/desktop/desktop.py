@@ -3,6 +3,7 @@
 """A desktop of a test's own: X server, window manager, session bus and accessibility bus, invisible and private."""
 
 import os
+import re
 import shutil
 import subprocess
 import tempfile
@@ -92,6 +93,7 @@ class Desktop:
         child = self._start(
             "Xvfb", "-displayfd", "1", "-screen", "0", f"{width}x{height}x24", "-dpi", str(self._dpi),
             "-nolisten", "tcp", "-noreset", stdout=subprocess.PIPE, text=True)
+        self._server = child
         return ":" + _first_line(child, "Xvfb")
 
     def _start_window_manager(self):
@@ -109,6 +111,27 @@ class Desktop:
         child = self._start("dbus-daemon", f"--config-file={configuration}", "--nofork", "--nopidfile",
                             "--print-address=1", stdout=subprocess.PIPE, text=True)
         return _first_line(child, "dbus-daemon")
+
+    def start_bus(self):
+        """Starts a further session bus and gives its process and address."""
+        child = self._start("dbus-daemon", "--session", "--nofork", "--nopidfile", "--print-address=1",
+                            stdout=subprocess.PIPE, text=True)
+        return child, _first_line(child, "dbus-daemon")
+
+    def start_wayland(self):
+        """Starts a Wayland session with an X server inside and gives the variables of programs in it."""
+        output = self.folder / "weston.txt"
+        with output.open("wb") as stream:
+            self._start("weston", "--backend=headless-backend.so", "--xwayland", "--socket=wayland-e2e",
+                        "--width=1280", "--height=800", stdout=stream, stderr=subprocess.STDOUT)
+        found = wait_until(lambda: re.search(r"xserver listening on display (:\d+)", output.read_text()),
+                           lambda: f"the X server of the Wayland session:\n{output.read_text()}")
+        return {"WAYLAND_DISPLAY": "wayland-e2e", "DISPLAY": found.group(1), "XDG_SESSION_TYPE": "wayland",
+                "QT_QPA_PLATFORM": ""}
+
+    def lose_server(self):
+        """Ends the X server under its programs."""
+        processes.stop(self._server)
 
     @property
     def accessibility(self):

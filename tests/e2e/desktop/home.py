@@ -17,6 +17,10 @@ class Home:
         self.own_folder = self.folder / ".config" / "Flitmark"
         self.config_path = self.own_folder / "config.json"
         self.draft_path = self.own_folder / ".draft.json"
+        self.defaults_path = self.own_folder / "defaults.ini"
+        self.autostart_path = self.folder / ".config" / "autostart" / "org.flitmark.Flitmark.desktop"
+        self.signals = self.vault / ".vault-state" / "flit-mark"
+        self.daily_note = self.vault / "Daily" / "2026" / "2026-01-22.md"
         self.folder.mkdir(parents=True)
 
     def make_vault(self, *other_paths):
@@ -33,11 +37,33 @@ class Home:
         listed.parent.mkdir(parents=True)
         listed.write_text(json.dumps({"vaults": vaults}))
 
+    def forget_login_question(self):
+        """Leaves a user who has not been asked yet whether the program shall start at login."""
+        self.defaults_path.unlink(missing_ok=True)
+
+    def login_question_is_answered(self):
+        return self.defaults_path.exists() and "LaunchAtLoginPrompted=true" in self.defaults_path.read_text()
+
     def complete_setup(self, **fields):
         """Leaves the configuration of a user who finished the set-up, with `fields` instead of the defaults."""
         self.own_folder.mkdir(parents=True, exist_ok=True)
         config = {"has_completed_setup": True, "vault_path": str(self.vault), "panel_width": 460, "panel_height": 560}
         self.config_path.write_text(json.dumps(config | fields))
+        self.defaults_path.write_text("[General]\nFlitmarkLaunchAtLoginPrompted=true\n")
+
+    def write_daily_note(self, text):
+        """Leaves this as the note of January 22, 2026."""
+        self.daily_note.parent.mkdir(parents=True, exist_ok=True)
+        self.daily_note.write_text(text)
+
+    def write_coach_config(self, text):
+        """Leaves this text in the coach's configuration."""
+        self.signals.mkdir(parents=True, exist_ok=True)
+        (self.signals / "coach-config.json").write_text(text)
+
+    def signal(self, name):
+        """What the signal file says; empty while there is none."""
+        return _read_json(self.signals / f"{name}.json")
 
     def config(self):
         """The configuration as it is on disk; empty while there is none or it is just being written."""

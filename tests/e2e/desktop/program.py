@@ -5,7 +5,10 @@
 import os
 import signal
 import subprocess
+import time
+from datetime import datetime
 from pathlib import Path
+from zoneinfo import ZoneInfo
 
 from . import accessibility, processes
 from .accessibility import Gone, Rectangle
@@ -29,9 +32,25 @@ def executable():
     return path
 
 
+class WallClock:
+    """A clock that can be set while the program runs, kept in the file at `path`. As after a sleep, its timers don't
+    notice."""
+
+    def __init__(self, path, time_of_day):
+        self.path = Path(path)
+        self.set(time_of_day)
+
+    def set(self, time_of_day):
+        """Makes it January 22, 2026, at this "HH:MM:SS" in the time zone of the desktop, and lets it run from there."""
+        wanted = datetime.fromisoformat(f"2026-01-22 {time_of_day}").replace(tzinfo=ZoneInfo("Europe/Berlin"))
+        replacement = self.path.with_suffix(".new")
+        replacement.write_text(f"{wanted.timestamp() - time.time():+.3f}")
+        replacement.rename(self.path)
+
+
 class Program:
     """One run of the program. `clock` is a time and a speed for it ("@2026-01-22 17:58:30 x60") instead of the real
-    ones; `variables` are added to its environment. Its output goes to `output_path`."""
+    ones, or a `WallClock`; `variables` are added to its environment. Its output goes to `output_path`."""
 
     def __init__(self, desktop, home, output_path, clock=None, variables=None):
         self._desktop = desktop
@@ -39,11 +58,23 @@ class Program:
         self._output_path = Path(output_path)
         self.ended_on_purpose = False
         environment = desktop.environment | _SANITIZER_OPTIONS | {"HOME": str(home.folder)} | (variables or {})
-        if clock is not None:
+        if isinstance(clock, WallClock):
+            environment |= {"LD_PRELOAD": _fake_time_library(), "FAKETIME_TIMESTAMP_FILE": str(clock.path),
+                            "FAKETIME_NO_CACHE": "1", "FAKETIME_DONT_FAKE_MONOTONIC": "1"}
+        elif clock is not None:
             environment |= {"LD_PRELOAD": _fake_time_library(), "FAKETIME": clock}
-        with self._output_path.open("ab") as output:
-            self._process = processes.start([executable()], environment, stdout=output, stderr=subprocess.STDOUT,
-                                            cwd=home.folder)
+        self._environment = environment
+        self._folder = home.folder
+        self._process = self._run(self._output_path)
+
+    def _run(self, output_path):
+        with output_path.open("ab") as output:
+            return processes.start([executable()], self._environment, stdout=output, stderr=subprocess.STDOUT,
+                                   cwd=self._folder)
+
+    def start_again(self):
+        """Starts the program a second time beside the running one, and gives the exit status of the new one."""
+        return self._run(self._output_path).wait(20)
 
     @property
     def process_id(self):
@@ -69,6 +100,9 @@ class Program:
         """Ends the program, if it still runs."""
         self.ended_on_purpose = True
         processes.stop(self._process)
+
+    def send_signal(self, number):
+        self._process.send_signal(number)
 
     def kill(self):
         """Ends the program as a crash or a power cut would."""

@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: 2026 The Flitmark authors
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <settings/HelpServices.h>
+
+#include <QWidget>
+
+namespace flitmark {
+
+class ConfigManager;
+
+/// The window of the help: an ordinary window of the desktop. Closed, it is gone.
+class HelpWindow final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    HelpWindow(ConfigManager& configManager, const HelpServices& services);
+    Q_DISABLE_COPY_MOVE(HelpWindow)
+
+    /// Shows the window in the middle of the main screen, with the keyboard.
+    void showCentered();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void wearScheme();
+
+    ConfigManager& m_configManager;
+};
+
+} // namespace flitmark

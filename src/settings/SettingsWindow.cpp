@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: 2026 The Flitmark authors
+// SPDX-License-Identifier: MIT
+
+#include <config/ConfigManager.h>
+#include <settings/HelpSheet.h>
+#include <settings/SettingsView.h>
+#include <settings/SettingsWindow.h>
+#include <ui/OrdinaryWindow.h>
+
+#include <QCloseEvent>
+#include <QVBoxLayout>
+
+namespace flitmark {
+
+namespace {
+
+constexpr QSize usualSize(640, 600);
+
+} // namespace
+
+SettingsWindow::SettingsWindow(const SettingsModel::Services& services, Dialogs& dialogs, const HelpServices& help)
+    : QWidget(nullptr, Qt::Window)
+    , m_model(services)
+{
+    setWindowTitle(tr("Flitmark Settings"));
+    auto* view = new SettingsView(m_model, dialogs, help.keyMonitor, services.configManager.config().colorPalette);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins({});
+    layout->addWidget(view);
+    connect(view, &SettingsView::done, this, &QWidget::close);
+    connect(view, &SettingsView::closeAsked, this, &QWidget::close);
+    connect(view, &SettingsView::helpAsked, this, [view, help] { HelpSheet::present(*view, help); });
+}
+
+void SettingsWindow::showCentered()
+{
+    if (!isVisible()) {
+        centreOnScreen(*this, usualSize.expandedTo(minimumSizeHint()));
+    }
+    makeKeyAndOrderFront(*this);
+}
+
+void SettingsWindow::closeEvent(QCloseEvent* event)
+{
+    event->accept();
+    Q_EMIT closed();
+}
+
+} // namespace flitmark

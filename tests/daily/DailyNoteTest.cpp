@@ -1,0 +1,197 @@
+// SPDX-FileCopyrightText: 2026 The Flitmark authors
+// SPDX-License-Identifier: MIT
+
+#include <core/Text.h>
+#include <daily/DailyNoteEdits.h>
+#include <daily/DailyNoteParser.h>
+
+#include <QtTest/QTest>
+
+namespace flitmark {
+
+using Edits = DailyNoteEdits;
+
+namespace {
+
+/// What was parsed, as a text that is easy to compare: one line per thing found.
+QString picture(const ParsedDailyNote& note)
+{
+    QStringList lines(note.focus.isEmpty() ? QStringList() : QStringList(QStringLiteral("focus ") + note.focus));
+    for (const TaskItem& task : note.tasks) {
+        lines +=
+            QStringLiteral("%1 %2 %3").arg(task.lineNumber).arg(QChar(task.isCompleted ? u'x' : u'o')).arg(task.text);
+    }
+    for (const QString& text : note.coachNotes) {
+        lines += QStringLiteral("coach ") + text;
+    }
+    for (const QString& text : note.workDone) {
+        lines += QStringLiteral("done ") + text;
+    }
+    lines += note.pomodoroCount != 0 ? QStringList(QStringLiteral("count %1").arg(note.pomodoroCount)) : QStringList();
+    for (const PomodoroEntry& entry : note.pomodoroLog) {
+        lines += QStringLiteral("row %1 [%2] [%3]").arg(entry.number).arg(entry.time, entry.focus);
+    }
+    return lines.join(u'\n');
+}
+
+QString result(const Edits::Lines& lines, const std::optional<LineChanges>& changes)
+{
+    return changes ? Edits::apply(lines, *changes) : QStringLiteral("(can't be done)");
+}
+
+} // namespace
+
+class DailyNoteTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void parsing_data()
+    {
+        QTest::addColumn<QString>("content");
+        QTest::addColumn<QString>("expected");
+        const auto row = [](const char* name, const char* content, const char* expected) {
+            QTest::newRow(name) << content << expected;
+        };
+        row("no section", "# Title\nfocus\n- [ ] a\nToday: 3/8\n### Tasks\n- [ ] b\n##Tasks\n- [ ] c", "");
+        row("one mark hides the rest", "## Tasks\n- [ ] a\n---\n- [ ] b\n## Focus\nc", "1 o a");
+        row("marks hide in pairs", "## Tasks\n  ---\t\n- [ ] a\n---\n- [ ] b\n---\n- [ ] c", "4 o b");
+        row("longer rules are not marks", "## Tasks\n----\n--- -\n- [ ] a", "3 o a");
+        row("focus: no list item, no number sign", "## FOCUS\n\n- a\n#tag\n > b\n c ", "focus > b");
+        row("focus: stars go, also unpaired", "## 🎯 Focus\n  ** **a* b*** ", "focus a b");
+        row("focus: only stars are no focus", "## Focus\n***\n* *\nb\nc", "focus b");
+        row("focus: over several sections", "## Focus\n## Tasks\n- [ ] a\n## Old focus\nb", "focus b\n2 o a");
+        row("kinds are decided in order",
+            "## Focus Tasks\n- [ ] a\nb\n## Pomodoro Tasks\n- [ ] c\nToday: 1/2\n## Work done by coach\n> d\n",
+            "focus b\n4 o c\ncoach d");
+        row("deeper headings end nothing", "## Tasks\n### More\n# Title\n- [ ] a", "3 o a");
+        row("headings by lower case", "## SCHEDULED\n- [ ] a\n## Carryover\n- [ ] b\n## TAS\u212A\n- [ ] c",
+            "1 o a\n3 o b\n5 o c");
+        row("task marks", "## Tasks\n- [X] a\n \t- [x]  b  \n- [-] c\n-[ ] d\n* [ ] e\n- []\n- [x", "1 x a\n2 x b");
+        row("task texts", "## Tasks\n- [ ]\n- [ ] \n- [ ]abc\n- [ ]é\n- [ ] é", "1 o \n2 o \n3 o bc\n4 o \n5 o é");
+        row("the sixth character is taken whole", "## Tasks\n- [ ]👩‍🚀 a\n- [ ]e\u0301b", "1 o a\n2 o b");
+        row("coach notes", "## Coach\n- a\n>  b \n-c\n- \n>\n* d", "coach a\ncoach b");
+        row("work done", "## Work Done\n> a\n- b\n-\t\n  -  c", "done b\ndone c");
+        row("tally: the last that can be read",
+            "## Pomodoro\n**Today:** 3/8\nxToday: 12/8\nToday: 9223372036854775808/8\nToday: no", "count 12");
+        row("tally: first slash between digits", "## Pomodoro\nToday: / 1/x 2/ a/3 44/55/66 7/8", "count 44");
+        row("tally: case counts, digits of ours", "## Pomodoro\ntoday: 1/8\nToday: ٣/8\nToday: 3/٨", "");
+        row("table: rows before a header",
+            "## Pomodoro\n| 1 | 2 | 3 |\n| # | Focus |\n| 2 | 3 | 4 |\n| Time |\n| 3 | 4 | 5 |", "");
+        row("table: cells",
+            "## Pomodoro\n|#|Time|\n| ---|---|\n|---\n| 1 || Focus |\n| 2 | | Focus |\n| x | 09:30 | Focus |\n"
+            "|| +3 | 10:00 | a | b ||\n| -4 |5|6\n| 7 | 8 |",
+            "row 2 [] [Focus]\nrow 3 [10:00] [a]\nrow -4 [5] [6]");
+    }
+
+    void parsing()
+    {
+        QFETCH(QString, content);
+        QTEST(picture(parseDailyNote(content)), "expected");
+        for (const char16_t* lineBreak : {u"\r\n", u"\r", u"\v", u"\f", u"\u0085", u"\u2028", u"\u2029"}) {
+            QTEST(picture(parseDailyNote(QString(content).replace(QChar(u'\n'), QString::fromUtf16(lineBreak)))),
+                  "expected");
+        }
+    }
+
+    void edit_data()
+    {
+        QTest::addColumn<QString>("kind");
+        QTest::addColumn<QString>("before");
+        QTest::addColumn<QString>("after");
+        const auto row = [](const char* kind, const char* name, const char* before, const char* after) {
+            QTest::addRow("%s: %s", kind, name) << kind << before << after;
+        };
+        row("focus", "bold stays bold", "## Today's Focus\n\n**Old**\nrest", "## Today's Focus\n\n**Go**\nrest");
+        row("focus", "plain stays plain", "## FOCUS\n  *Old*\n", "## FOCUS\nGo\n");
+        row("focus", "a list item, but no tag", "## Focus\n#tag\n- a **b** c", "## Focus\n#tag\n**Go**");
+        row("focus", "none before the next heading", "## Focus\n\n## Tasks\na", "## Focus\n\nGo\n\n## Tasks\na");
+        row("focus", "none at the end", "## Focus", "## Focus\n\nGo");
+        row("focus", "the first section", "## Focus\n## Tasks\n## Focus\na", "## Focus\n\nGo\n## Tasks\n## Focus\na");
+        row("focus", "hidden lines", "---\n## Focus\n---\n## Focus\n---\nb\n---\nc",
+            "---\n## Focus\n---\n## Focus\n---\nb\n---\nGo");
+        row("focus", "second look", "---\nx\n  ### my ## FOCUS\n", "---\nx\n  ### my ## FOCUS\n\nGo\n");
+        row("focus", "no heading", "# Focus\na\r\nb\n", "# Focus\na\nb\n");
+
+        row("entry", "tally and table", "## Pomodoro\n**Today:** 3/8\n\n| # | Time |\n|---|---|\n| 3 | a |\n\nend",
+            "## Pomodoro\n**Today:** 4/8 completed\n\n| # | Time |\n|---|---|\n| 3 | a |\n| 4 | 09:30 | Go |\n\nend");
+        row("entry", "every tally, after the table",
+            " Today: 1\n## Pomodoro\n| # |\n Today: 1\n## Pomodoro 2\nToday: 2",
+            " Today: 1\n## Pomodoro\n| # |\n| 4 | 09:30 | Go |\n**Today:** 4/8 completed\n## Pomodoro 2\n"
+            "**Today:** 4/8 completed");
+        row("entry", "hidden lines", "## Pomodoro\n---\nToday: 1\n| a |\n---\n| b |\n---\n| c |",
+            "## Pomodoro\n---\nToday: 1\n| a |\n---\n| b |\n| 4 | 09:30 | Go |\n---\n| c |");
+        row("entry", "below the last table line", "## Pomodoro\n| a |\ntext\n  |---|\nend",
+            "## Pomodoro\n| a |\ntext\n  |---|\n| 4 | 09:30 | Go |\nend");
+
+        row("task", "after the last one", "## Tasks\n- [ ] a\nx\n  - [x] b\n\n## Notes\n- [ ] c",
+            "## Tasks\n- [ ] a\nx\n  - [x] b\n- [ ] Go\n\n## Notes\n- [ ] c");
+        row("task", "below the heading", "## My TASKS\n\ntext", "## My TASKS\n- [ ] Go\n\ntext");
+        row("task", "a later section takes over", "## Tasks\n- [ ] a\n## Scheduled\nb",
+            "## Tasks\n- [ ] a\n## Scheduled\n- [ ] Go\nb");
+        row("task", "not once it has ended", "## Tasks\n## Notes\n## Tasks", "## Tasks\n- [ ] Go\n## Notes\n## Tasks");
+        row("task", "marks hide nothing", "---\n## Tasks\n---\n- [ ] a\n---",
+            "---\n## Tasks\n---\n- [ ] a\n- [ ] Go\n---");
+        row("task", "no section", "## Carryover\n- [ ] a\n# Tasks\n### Tasks\n##Tasks", "(can't be done)");
+    }
+
+    void edit()
+    {
+        QFETCH(QString, kind);
+        QFETCH(QString, before);
+        const Edits::Lines lines = splitLines(before);
+        const QString go = QStringLiteral("Go");
+        QTEST(result(lines, kind == u"focus"   ? Edits::updateFocus(lines, go)
+                            : kind == u"entry" ? Edits::addPomodoroEntry(lines, 4, QStringLiteral("09:30"), go)
+                                               : Edits::addNewTask(lines, go)),
+              "after");
+    }
+
+    void taskLine()
+    {
+        const char* const none = "(can't be done)";
+        for (const auto& [before, toggled, removed, tomatoes] : {
+                 std::tuple("- [X] a", "- [ ] a", none, 0),
+                 {"- [x] a - [X] b", "- [ ] a - [ ] b", none, 0},
+                 {"> - [x] a - [ ] b - [ ] ", "> - [x] a - [x] b - [x] ", none, 0},
+                 {"- [ ] a 🍅 🍅", "- [x] a 🍅 🍅", "- [ ] a 🍅", 2},
+                 {"- [ ] a 🍅b🍅", "- [x] a 🍅b🍅", "- [ ] ab🍅", 2},
+                 {"🍅- [ ]", "🍅- [x]", "- [ ]", 1},
+                 {"- [ ] ไทย 🍅", "- [x] ไทย 🍅", "- [ ] ไทย", 1},
+                 {"- [ ] मन🍅ဍ", "- [x] मन🍅ဍ", "- [ ] मनဍ", 1},
+                 {"- [ ] 🍅\uFE0F 🍎", "- [x] 🍅\uFE0F 🍎", none, 0},
+                 {"- [ ] 🍅\u200D🍅", "- [x] 🍅\u200D🍅", none, 0},
+                 {"- [ ] 🍅\u0301", "- [x] 🍅\u0301", none, 0},
+             }) {
+            const QString line = QString::fromUtf8(before);
+            const Edits::Lines lines = {line};
+            QCOMPARE(result(lines, Edits::toggleTask(lines, 0)), QString::fromUtf8(toggled));
+            QCOMPARE(result(lines, Edits::removePomodoroFromTask(lines, 0)), QString::fromUtf8(removed));
+            QCOMPARE(Edits::pomodoroCount(line), tomatoes);
+            QCOMPARE(result(lines, Edits::addPomodoroToTask(lines, 0)), line + QStringLiteral(" 🍅"));
+        }
+    }
+
+    void otherLines_areRefused()
+    {
+        const Edits::Lines lines = splitLines(u"- [ ] a 🍅\n- [x]\nplain 🍅\n-[ ] b 🍅");
+        for (const qint64 line : {qint64(-1), qint64(4), std::numeric_limits<qint64>::max(), qint64(2), qint64(3)}) {
+            QVERIFY(!Edits::toggleTask(lines, line) && !Edits::addPomodoroToTask(lines, line));
+            QVERIFY(!Edits::removePomodoroFromTask(lines, line));
+        }
+    }
+
+    void findLine_takesTheNearest()
+    {
+        const Edits::Lines lines = splitLines(u"a\nb\na\nc\na\n a");
+        QCOMPARE(Edits::findLine(lines, u"a", 3), 2);
+        QCOMPARE(Edits::findLine(lines, u"a", 1000), 4);
+        QCOMPARE(Edits::findLine(lines, u" a", 0), 5);
+        QVERIFY(!Edits::findLine(lines, u"d", 0));
+    }
+};
+
+} // namespace flitmark
+
+QTEST_APPLESS_MAIN(flitmark::DailyNoteTest)
+#include "DailyNoteTest.moc"

@@ -1,0 +1,62 @@
+# SPDX-FileCopyrightText: 2026 The Flitmark authors
+# SPDX-License-Identifier: MIT
+"""A mock of the desktop's shortcuts portal, for python-dbusmock. It writes down every call it gets."""
+
+import dbus
+from dbusmock import MOCK_IFACE, get_object
+
+BUS_NAME = "org.freedesktop.portal.Desktop"
+MAIN_OBJ = "/org/freedesktop/portal/desktop"
+MAIN_IFACE = "org.freedesktop.portal.GlobalShortcuts"
+SYSTEM_BUS = False
+
+
+def load(mock, parameters):
+    """`answer` is the code with which the user's answer to binding comes, `trigger` the key that was bound; an answer
+    of -1 is none yet."""
+    mock.answer = parameters.get("answer", 0)
+    mock.trigger = parameters.get("trigger", "Alt+N")
+    if parameters.get("register", True):
+        mock.AddMethod("org.freedesktop.host.portal.Registry", "Register", "sa{sv}", "", "")
+
+
+def _respond(mock, sender, options, code, results):
+    """Makes the request's object, as the caller knows it, and answers there at once: before the call returns."""
+    path = f"{MAIN_OBJ}/request/{sender[1:].replace('.', '_')}/{options['handle_token']}"
+    mock.AddObject(path, "org.freedesktop.portal.Request", {}, [])
+    mock.request = path
+    if code >= 0:
+        get_object(path).EmitSignal("org.freedesktop.portal.Request", "Response", "ua{sv}", [
+            dbus.UInt32(code), dbus.Dictionary(results, signature="sv")])
+    return dbus.ObjectPath(path)
+
+
+def _shortcuts(trigger):
+    properties = dbus.Dictionary({"trigger_description": trigger}, signature="sv")
+    return dbus.Array([dbus.Struct(("toggle-panel", properties), signature="sa{sv}")], signature="(sa{sv})")
+
+
+@dbus.service.method(MAIN_IFACE, in_signature="a{sv}", out_signature="o", sender_keyword="sender")
+def CreateSession(self, options, sender=None):
+    self.session = f"{MAIN_OBJ}/session/{sender[1:].replace('.', '_')}/{options['session_handle_token']}"
+    return _respond(self, sender, options, 0, {"session_handle": self.session})
+
+
+@dbus.service.method(MAIN_IFACE, in_signature="oa(sa{sv})sa{sv}", out_signature="o", sender_keyword="sender")
+def BindShortcuts(self, session, shortcuts, parent, options, sender=None):
+    assert session == self.session
+    return _respond(self, sender, options, self.answer, {"shortcuts": _shortcuts(self.trigger)})
+
+
+@dbus.service.method(MOCK_IFACE, in_signature="s", out_signature="")
+def Emit(self, name):
+    """Tells that the shortcut was "Activated" or "Deactivated"."""
+    self.EmitSignal(MAIN_IFACE, name, "osta{sv}", [
+        dbus.ObjectPath(self.session), "toggle-panel", dbus.UInt64(1), dbus.Dictionary({}, signature="sv")])
+
+
+@dbus.service.method(MOCK_IFACE, in_signature="", out_signature="")
+def Consent(self):
+    """The user's answer that was still to come: yes."""
+    get_object(self.request).EmitSignal("org.freedesktop.portal.Request", "Response", "ua{sv}", [
+        dbus.UInt32(0), dbus.Dictionary({"shortcuts": _shortcuts(self.trigger)}, signature="sv")])

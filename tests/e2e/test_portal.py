@@ -1,0 +1,104 @@
+# SPDX-FileCopyrightText: 2026 The Flitmark authors
+# SPDX-License-Identifier: MIT
+"""The hotkey on a Wayland desktop, which is a shortcut of the desktop's portal, and what the user is told of it."""
+
+import unittest
+
+from desktop.case import DesktopCase
+from desktop.portal import Portal
+from desktop.waiting import hold, wait_until
+
+COMMAND = "gapplication action org.flitmark.Flitmark toggle-panel"
+
+
+class PortalTest(DesktopCase):
+    def setUp(self):
+        super().setUp()
+        self.home.make_vault()
+
+    def start_portal(self, **parameters):
+        portal = Portal(self.desktop, **parameters)
+        self.addCleanup(portal.stop)
+        return portal
+
+    def start_on_wayland(self):
+        """The program's windows are X11 windows here, as they are on a Wayland desktop."""
+        return self.start(WAYLAND_DISPLAY="wayland-0")
+
+    def line(self):
+        """What the wizard's last step says of the hotkey on this computer; empty where there is nothing to say."""
+        lines = [label.name for label in self.program.find_all(role="label") if label.name.startswith("On this")]
+        return lines[0] if lines else ""
+
+    def open_last_step(self):
+        for button in ("Get Started", "Next", "Next"):
+            self.program.find(button, "push button")
+            self.screen.key("Return")
+        self.program.find("You're All Set!")
+
+    def wait_for_line(self, *parts):
+        wait_until(lambda: all(part in self.line() for part in parts),
+                   lambda: f"{parts} in what is said, which is {self.line()!r}")
+
+    def test_binds_and_toggles(self):
+        self.home.complete_setup()
+        portal = self.start_portal()
+        self.start_on_wayland()
+        portal.wait_for_call("BindShortcuts")
+        names = ["Register", "CreateSession", "BindShortcuts"]
+        self.assertEqual([name for line in portal.calls().splitlines() for name in names if f" {name} " in line], names)
+        for text in ("org.flitmark.Flitmark", "toggle-panel", "ALT+n", "Toggle note panel"):
+            self.assertIn(text, portal.calls())
+
+        portal.emit("Activated", "Activated", "Activated")  # held, as some desktops tell it
+        self.wait_for_focus("Note")
+        hold(self.panel_is_open, "the panel stays open", 0.3)
+        portal.emit("Deactivated", "Activated", "Deactivated")
+        self.wait_until_panel_closed()
+
+        portal.stop()
+        portal = self.start_portal(register=False)
+        portal.wait_for_call("BindShortcuts")
+        portal.emit("Activated")
+        self.wait_for_focus("Note")
+
+    def test_never_grabs_keys(self):
+        self.home.complete_setup()
+        self.start_portal()
+        bystander = self.start_bystander()
+        self.start_on_wayland()
+        self.screen.window("Flitmark Button")
+        bystander.window.activate()
+        self.screen.key("alt+n")
+        wait_until(lambda: "n" in bystander.keys(), "the key to be the other program's")
+        self.assertFalse(self.panel_is_open())
+
+    def test_tells_how_it_stands(self):
+        for parameters, parts in [
+            ({"answer": 1}, ["the desktop refused the hotkey", "declined", COMMAND]),
+            ({"answer": 2}, ["the desktop refused the hotkey", "without an answer", COMMAND]),
+            ({"trigger": "Ctrl+Alt+J"}, ["the hotkey works", "Ctrl+Alt+J"]),
+            ({"trigger": ""}, ["waits", "Choose a key"]),
+            (None, ["offers no hotkeys", COMMAND]),
+        ]:
+            with self.subTest(parameters):
+                portal = self.start_portal(**parameters) if parameters is not None else None
+                self.start_on_wayland()
+                self.open_last_step()
+                self.wait_for_line(*parts)
+                self.program.stop()
+                if portal is not None:
+                    portal.stop()
+
+    def test_consent_that_comes_late(self):
+        portal = self.start_portal(answer=-1, trigger="Press <Alt>n")
+        self.start_on_wayland()
+        self.open_last_step()
+        self.wait_for_line("waits for your desktop's consent")
+        portal.wait_for_call("BindShortcuts")
+        portal.consent()
+        wait_until(lambda: self.line() == "", "nothing to be said of a hotkey that works")
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,82 @@
+# SPDX-FileCopyrightText: 2026 The Flitmark authors
+# SPDX-License-Identifier: MIT
+"""The settings window: what "Done" stores, what takes effect, and what is dropped."""
+
+import unittest
+
+from desktop.case import DesktopCase
+from desktop.waiting import wait_until
+
+TITLE = "Flitmark Settings"
+
+
+class SettingsTest(DesktopCase):
+    COMPOSITOR = True
+
+    def setUp(self):
+        super().setUp()
+        self.home.make_vault()
+        self.home.complete_setup()
+
+    def open_settings(self, panel):
+        panel.activate()
+        self.program.click("Settings", window="Flitmark")
+        window = self.screen.window(TITLE)
+        wait_until(lambda: window.is_active, "the settings to have the keyboard")
+        return window
+
+    def click(self, *names):
+        for name in names:
+            self.program.click(name, window=TITLE)
+
+    def wait_until_closed(self):
+        wait_until(lambda: not self.screen.windows(TITLE), "the settings to close")
+
+    def test_done_stores_and_takes_effect(self):
+        self.start_with_button()
+        panel = self.open_panel()
+        self.assertIn("ABOVE", panel.states())
+        place = self.open_settings(panel).geometry
+        self.assertEqual((place.width, place.height), (640, 600))
+        self.click("Appearance", "Forest Focus", "Notes", "Normal", "Window Opacity")
+        self.program.find("Window Opacity: 75%", window=TITLE)
+        self.screen.key("Left")
+        self.program.find("Window Opacity: 70%", window=TITLE)
+        self.assertEqual(self.home.config().get("color_palette", "obsidian_native"), "obsidian_native")
+        self.screen.key("ctrl+Return")
+        self.wait_until_closed()
+        stored = self.home.config()
+        self.assertEqual((stored["color_palette"], stored["window_mode"], stored["window_opacity"]),
+                         ("forest_focus", "normal", 0.7))
+        wait_until(lambda: "ABOVE" not in panel.states(), "the panel to be like other windows")
+        self.assertTrue(panel.is_on_screen)
+        wait_until(lambda: str(int(0.7 * 0xFFFFFFFF))[:4] in panel.property("_NET_WM_WINDOW_OPACITY"),
+                   lambda: f"the panel's opacity, which is {panel.property('_NET_WM_WINDOW_OPACITY')}")
+
+    def test_escape_drops_all_but_quick_tags(self):
+        self.start_with_button()
+        panel = self.open_panel()
+        window = self.open_settings(panel)
+        self.click("Vault", "Default Save Subfolder")
+        self.screen.type("Elsewhere")
+        self.click("Quick Tags", "Delete")
+        wait_until(lambda: len(self.home.config().get("quick_tags", [])) == 3, "the tag to be gone on disk")
+        before = self.home.config()
+        self.screen.key("Escape")
+        self.wait_until_closed()
+        self.assertEqual(self.home.config(), before)
+        self.assertTrue(self.panel_is_open())
+
+        # Opened again, it shows what is stored; a half typed tag's Escape is the row's.
+        window = self.open_settings(panel)
+        self.click("Vault")
+        self.assertEqual(self.program.find("Default Save Subfolder", "text", TITLE).text, "Inbox")
+        self.click("Quick Tags", "Add Quick Tag")
+        self.wait_for_focus("New tag icon")
+        self.screen.key("Escape")
+        self.wait_for_focus("Add Quick Tag")
+        self.assertTrue(window.is_on_screen)
+
+
+if __name__ == "__main__":
+    unittest.main()

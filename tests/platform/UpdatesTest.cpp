@@ -1,0 +1,204 @@
+// SPDX-FileCopyrightText: 2026 The Flitmark authors
+// SPDX-License-Identifier: MIT
+
+#include <platform/AppUpdateController.h>
+#include <platform/Appcast.h>
+#include <platform/linux/FeedUpdater.h>
+#include <support/DesktopDoubles.h>
+#include <support/ManualRunLoop.h>
+
+#include <QSignalSpy>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QtTest/QTest>
+
+using namespace flitmark;
+using namespace std::chrono_literals;
+
+namespace {
+
+QByteArray feedOf(const QByteArray& items)
+{
+    return "<?xml version=\"1.0\"?><rss version=\"2.0\" "
+           "xmlns:sparkle=\"http://www.andymatuschak.org/xml-namespaces/sparkle\"><channel><title>Flitmark</title>"
+           "<link>https://example.org/all</link>" +
+           items + "</channel></rss>";
+}
+
+QByteArray itemOf(const QByteArray& version, const QByteArray& more = {})
+{
+    return "<item><sparkle:version>" + version + "</sparkle:version>" + more + "</item>";
+}
+
+/// The version and the page of what is newer than 1.2; empty when nothing is.
+QString newerOf(const std::vector<AppcastItem>& items)
+{
+    const auto newer = newerThan(QVersionNumber(1, 2), items);
+    return newer ? newer->name + u' ' + newer->page.toString() : QString();
+}
+
+/// Answers every request with the same bytes and counts them.
+class Server final : public QTcpServer
+{
+public:
+    explicit Server(QByteArray answer)
+        : m_answer(std::move(answer))
+    {
+        listen(QHostAddress::LocalHost);
+        connect(this, &QTcpServer::newConnection, this, [this] {
+            QTcpSocket* socket = nextPendingConnection();
+            ++requests;
+            connect(socket, &QTcpSocket::readyRead, socket, [this, socket] {
+                socket->write(m_answer);
+                if (!m_answer.isEmpty()) {
+                    socket->disconnectFromHost();
+                }
+            });
+        });
+    }
+    static QByteArray ok(const QByteArray& body)
+    {
+        return "HTTP/1.1 200 OK\r\nConnection: close\r\nContent-Length: " + QByteArray::number(body.size()) +
+               "\r\n\r\n" + body;
+    }
+
+    int requests = 0;
+
+private:
+    QByteArray m_answer;
+};
+
+/// An updater of version 1.2 that asks `server` on this computer.
+struct Client
+{
+    explicit Client(const Server& server)
+        : feed{.address = QUrl(QStringLiteral("http://127.0.0.1:%1/feed").arg(server.serverPort())),
+               .ownVersion = QStringLiteral("1.2"),
+               .isAllowed = [](const QUrl& url) { return url.host() == QStringLiteral("127.0.0.1"); }}
+    {
+    }
+    Updater::State settled()
+    {
+        [&] { QTRY_VERIFY(updater.state().status != Updater::Status::Checking); }();
+        return updater.state();
+    }
+
+    FeedUpdater::Feed feed;
+    ManualRunLoop loop;
+    FakeUserDefaults defaults;
+    FeedUpdater updater{feed, defaults, loop};
+};
+
+} // namespace
+
+class UpdatesTest final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void appcast_namesTheNewerVersion()
+    {
+        const QByteArray link("<link>https://example.org/1.3</link>");
+        const char* const newer = "1.3 https://example.org/1.3";
+        const char* const nonsense = "makes no sense";
+        QByteArray bomb("<!DOCTYPE rss [<!ENTITY a0 \"aaaaaaaaaa\">");
+        for (char level = '1'; level <= '9'; ++level) {
+            const QByteArray below = "&a" + QByteArray(1, static_cast<char>(level - 1)) + ";";
+            bomb += "<!ENTITY a" + QByteArray(1, level) + " \"" + below.repeated(10) + "\">";
+        }
+        for (const auto& [xml, expected] : {
+                 std::pair(feedOf(itemOf("1.1") + itemOf("1.3", link) + itemOf("1.2.9")), newer),
+                 {feedOf(itemOf("1.9") + itemOf("1.10")), "1.10 https://example.org/all"},
+                 {feedOf(itemOf("4711", link + "<sparkle:shortVersionString>1.3</sparkle:shortVersionString>")), newer},
+                 {feedOf("<item>" + link + "<enclosure sparkle:version=\"1.3\" sparkle:os=\"linux\"/></item>"), newer},
+                 {feedOf(itemOf("1.2.0") + itemOf("1.1")), ""},
+                 {feedOf(itemOf("2", "<sparkle:channel>beta</sparkle:channel>") + itemOf("2.0-rc1") + itemOf("soon") +
+                         "<item><enclosure sparkle:version=\"3\" sparkle:os=\"windows\"/></item>"),
+                  ""},
+                 {feedOf(itemOf("1.3", "<link>file:///bin/sh</link>")), "1.3 https://example.org/all"},
+                 {feedOf(itemOf("1.3")).chopped(30), nonsense},
+                 {"<html><body/></html>", "not an update feed"},
+                 {"", nonsense},
+                 {bomb + "]><rss><channel><item><description>&a9;</description></item></channel></rss>", nonsense},
+             }) {
+            const auto items = parseAppcast(xml);
+            const QString found = items ? newerOf(*items) : items.error();
+            QVERIFY2(*expected == 0 ? found.isEmpty() : found.contains(QString::fromLatin1(expected)), xml.constData());
+        }
+    }
+
+    void check_tellsWhatTheServerSays()
+    {
+        const auto moved = [](const QByteArray& place) {
+            return "HTTP/1.1 302 Found\r\nLocation: " + place + "\r\nConnection: close\r\nContent-Length: 0\r\n\r\n";
+        };
+        const QByteArray notes("<description><![CDATA[<p>A <b>bold</b> step</p>]]></description>");
+        for (const auto& [answer, expected] : {
+                 std::pair(Server::ok(feedOf(itemOf("1.3", notes))), "1.3 A bold step"),
+                 {Server::ok(feedOf(itemOf("1.0"))), "up to date"},
+                 {Server::ok("<rss"), "makes no sense"},
+                 {Server::ok(QByteArray(2 * 1024 * 1024, ' ')), "too long"},
+                 {moved("http://localhost/feed"), "unsafe address"},
+                 {moved("/feed"), "The update feed"},
+                 {"HTTP/1.1 404 Not Found\r\nConnection: close\r\nContent-Length: 0\r\n\r\n", "can't be reached"},
+             }) {
+            const Server server(answer);
+            Client client(server);
+            client.updater.checkForUpdates();
+            client.updater.checkForUpdates();
+            const Updater::State state = client.settled();
+            const QString said = state.status == Updater::Status::Available  ? state.version + u' ' + state.notes
+                                 : state.status == Updater::Status::UpToDate ? QStringLiteral("up to date")
+                                                                             : state.reason;
+            QVERIFY2(said.contains(QString::fromLatin1(expected)), qPrintable(said));
+            QVERIFY(server.requests == 1 || answer == moved("/feed"));
+        }
+    }
+    void check_givesUpAndNeverAsksAnUnsafeAddress()
+    {
+        const Server silent({});
+        Client client(silent);
+        client.updater.checkForUpdates();
+        QTRY_COMPARE(silent.requests, 1);
+        client.loop.advance(15s);
+        QVERIFY(client.settled().reason.contains(QStringLiteral("does not answer")));
+
+        FeedUpdater plain({.address = QUrl(QStringLiteral("http://127.0.0.1:%1/").arg(silent.serverPort())),
+                           .ownVersion = QStringLiteral("1.2")},
+                          client.defaults, client.loop);
+        plain.checkForUpdates();
+        QCOMPARE(plain.state().status, Updater::Status::Failed);
+        QCOMPARE(silent.requests, 1);
+    }
+
+    void automaticCheck_comesOnceADayAndTellsOfAVersionOnce()
+    {
+        const Server server(Server::ok(feedOf(itemOf("1.3"))));
+        Client client(server);
+        QSignalSpy attention(&client.updater, &Updater::attentionAsked);
+        const AppUpdateController controller(client.updater);
+        client.loop.advance(48h);
+        QCOMPARE(client.loop.timerCount(), 0);
+        client.updater.setAutomaticallyChecksForUpdates(true);
+        for (const int day : {1, 2}) {
+            client.loop.advance(20s);
+            QTRY_COMPARE(server.requests, day);
+            QCOMPARE(client.settled().status, Updater::Status::Available);
+            QCOMPARE(attention.count(), 1);
+            client.loop.advance(24h - 40s);
+            QCOMPARE(server.requests, day);
+            client.loop.advance(20s);
+        }
+        // Another start waits for the day to be over.
+        FeedUpdater again(client.feed, client.defaults, client.loop);
+        again.startUpdater();
+        client.loop.advance(19s);
+        QCOMPARE(server.requests, 2);
+        again.setAutomaticallyChecksForUpdates(false);
+        client.updater.setAutomaticallyChecksForUpdates(false);
+        QCOMPARE(client.loop.timerCount(), 0);
+    }
+};
+
+QTEST_MAIN(UpdatesTest)
+#include "UpdatesTest.moc"
