@@ -46,7 +46,8 @@ enum class ReplaceOutcome {
 ///
 /// What other programs write at the same time is not lost: one that has the file open for writing is waited for (a
 /// moment), one that opens it meanwhile is made to wait by the system, and a file that was renamed over this one in the
-/// last moment is put back. Where the file system or its rights give no such hold on a file, a short moment remains in
+/// last moment is put back. Who was made to wait may hold a file then that has lost its name, as after any save by
+/// renaming. Where the file system or its rights give no such hold on a file, a short moment remains in
 /// which a write into the open file goes unseen.
 tl::expected<ReplaceOutcome, FileError> replaceFileIfUnchanged(const QString& path, const QByteArray& expected,
                                                                const QByteArray& bytes);

@@ -133,8 +133,9 @@ tl::expected<ReplaceOutcome, FileError> replaceFileIfUnchanged(const QString& pa
                    ? renameOver(replacement, old, expected)
                    : tl::expected<ReplaceOutcome, FileError>(tl::unexpected(FileError::ofSystem(errno)));
     }
-    // Once somebody has turned to the new content, that is the file.
-    const bool isTaken = !fresh->isStill(bytes);
+    // Whoever turned to the new content waits for us; where the system can't make him wait, and he has written into it
+    // already, that is the file.
+    const bool isTaken = !fresh->holds(bytes);
     if (!isTaken && (!old.isAt(replacement.hiddenName()) || !old.isStill(expected))) {
         takeBack(replacement);
         return ReplaceOutcome::Changed;

@@ -6,6 +6,7 @@
 #include <support/TestFiles.h>
 
 #include <QTemporaryFile>
+#include <QTest>
 
 #include <unistd.h>
 
@@ -13,7 +14,8 @@
 
 namespace flitmark {
 
-/// Catches what the process prints to standard output while it lives.
+/// Catches what the process prints to standard output while it lives. After a failure it is printed in the end, as the
+/// failure's own message is in it.
 class OutputCapture
 {
 public:
@@ -29,6 +31,9 @@ public:
         std::fflush(stdout);
         ::dup2(m_savedOutput, STDOUT_FILENO);
         ::close(m_savedOutput);
+        if (QTest::currentTestFailed()) {
+            std::fputs(readTestFile(m_file.fileName()).constData(), stdout);
+        }
     }
     Q_DISABLE_COPY_MOVE(OutputCapture)
 
