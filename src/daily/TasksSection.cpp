@@ -60,6 +60,8 @@ TaskRow* TasksSection::makeRow(const DailyTaskRow& task)
 void TasksSection::showTasks()
 {
     const QList<DailyTaskRow> tasks = m_model.tasks();
+    // Whatever is shown has everything around it laid out at once, which would be done for each row.
+    layout()->setEnabled(false);
     const bool isRebuilt = matchRows(tasks);
     bool hasMore = isRebuilt;
     for (qsizetype i = 0; i < tasks.size(); ++i) {
@@ -68,6 +70,7 @@ void TasksSection::showTasks()
             m_rows[i]->setTask(tasks[i]);
         }
     }
+    layout()->setEnabled(true);
     setVisible(!tasks.isEmpty());
     if (hasMore) {
         Q_EMIT controlsChanged();

@@ -21,6 +21,9 @@ namespace {
 /// Wide enough for any text on one line.
 constexpr double unlimited = 1 << 20;
 
+/// What a line may take beyond the widths of its parts.
+constexpr double rounding = 0.25;
+
 } // namespace
 
 /// The text cut into lines for one width.
@@ -42,6 +45,7 @@ struct Label::Measures
     QString text;
     QFont font;
     bool wraps = false;
+    /// Enough for every line to stay one.
     double naturalWidth = 0;
     /// By width.
     QHash<int, int> lineCounts;
@@ -150,7 +154,7 @@ Label::Measures& Label::measures() const
     if (!m_measures || m_measures->text != whole || m_measures->font != font || m_measures->wraps != wordWrap()) {
         m_measures = std::make_unique<Measures>(Measures{whole, font, wordWrap(), 0, {}});
         for (const QString& line : whole.split(u'\n')) {
-            m_measures->naturalWidth = std::max(m_measures->naturalWidth, painting::lineWidth(line, font));
+            m_measures->naturalWidth = std::max(m_measures->naturalWidth, painting::lineWidth(line, font) + rounding);
         }
     }
     return *m_measures;
@@ -179,12 +183,15 @@ int Label::heightForWidth(int width) const
 {
     const QMargins margins = contentsMargins();
     const int inner = width - margins.left() - margins.right();
-    QHash<int, int>& lineCounts = measures().lineCounts;
-    auto known = lineCounts.constFind(inner);
-    if (known == lineCounts.constEnd()) {
-        known = lineCounts.insert(inner, layOut(inner).lineCount());
+    Measures& whole = measures();
+    auto lineCount = whole.lineCounts.constFind(inner);
+    if (lineCount == whole.lineCounts.constEnd()) {
+        // What is narrower need not be laid out, which takes long where there are emoji.
+        const bool fits = whole.naturalWidth <= inner;
+        const auto count = fits ? static_cast<int>(whole.text.count(u'\n')) + 1 : layOut(inner).lineCount();
+        lineCount = whole.lineCounts.insert(inner, count);
     }
-    return known.value() * rowHeight(m_role) + margins.top() + margins.bottom();
+    return lineCount.value() * rowHeight(m_role) + margins.top() + margins.bottom();
 }
 
 void Label::paintEvent(QPaintEvent* /*event*/)

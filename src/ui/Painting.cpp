@@ -4,10 +4,14 @@
 #include <ui/Painting.h>
 
 #include <QAbstractButton>
+#include <QCache>
 #include <QFontMetricsF>
+#include <QPixmapCache>
 #include <QTextLayout>
 
 #include <algorithm>
+#include <cmath>
+#include <utility>
 
 namespace flitmark {
 
@@ -22,6 +26,40 @@ QTextLine layOut(QTextLayout& layout, EmojiStyle style)
     const QTextLine line = layout.createLine();
     layout.endLayout();
     return line;
+}
+
+/// The width of an emoji. It is remembered: to tell it, the font unpacks the whole picture, as often as it is asked.
+double emojiWidth(const QString& emoji, const QFont& font)
+{
+    static QCache<std::pair<QString, int>, double> known(500);
+    const std::pair<QString, int> key(emoji, font.pixelSize());
+    if (const double* width = known.object(key)) {
+        return *width;
+    }
+    const double width = QFontMetricsF(font).horizontalAdvance(emoji);
+    known.insert(key, new double(width));
+    return width;
+}
+
+/// The pixels an icon is drawn with, a square around its middle.
+QPixmap iconPicture(const QString& icon, int pixelSize, const QColor& color, double scale)
+{
+    const QString key = QStringLiteral("%1 %2 %3 %4").arg(icon).arg(pixelSize).arg(color.rgba()).arg(scale);
+    QPixmap picture;
+    if (!QPixmapCache::find(key, &picture)) {
+        QFont font = fontOf(TextRole::Body);
+        font.setPixelSize(pixelSize);
+        const int side = 2 * std::max(pixelSize, static_cast<int>(painting::lineWidth(icon, font) + 1) / 2);
+        picture = QPixmap(QSizeF(side, side).toSize() * scale);
+        picture.setDevicePixelRatio(scale);
+        picture.fill(Qt::transparent);
+        QPainter painter(&picture);
+        painting::drawLine(painter, QRectF(0, 0, side, side), icon, font, color, Qt::AlignHCenter,
+                           EmojiStyle::Preferred);
+        painter.end();
+        QPixmapCache::insert(key, picture);
+    }
+    return picture;
 }
 
 } // namespace
@@ -60,8 +98,15 @@ QColor painting::atLevel(const QColor& rest, const QColor& hovered, const QColor
 
 double painting::lineWidth(const QString& text, const QFont& font, EmojiStyle style)
 {
-    QTextLayout layout(text, font);
-    return layOut(layout, style).naturalTextWidth();
+    double emojiAndBefore = 0;
+    qsizetype end = 0;
+    for (const QTextLayout::FormatRange& emoji : emojiFormats(text, font, style)) {
+        emojiAndBefore += QFontMetricsF(font).horizontalAdvance(text.mid(end, emoji.start - end)) +
+                          emojiWidth(text.mid(emoji.start, emoji.length), emoji.format.font());
+        end = emoji.start + emoji.length;
+    }
+    QTextLayout layout(text.mid(end), font);
+    return emojiAndBefore + layOut(layout, style).naturalTextWidth();
 }
 
 void painting::drawLine(QPainter& painter, const QRectF& rect, const QString& text, const QFont& font,
@@ -84,9 +129,12 @@ void painting::drawLine(QPainter& painter, const QRectF& rect, const QString& te
 
 void painting::drawIconText(QPainter& painter, const QRectF& rect, const QString& icon, int points, const QColor& color)
 {
-    QFont font = fontOf(TextRole::Body);
-    font.setPixelSize(scaled(points));
-    drawLine(painter, rect, icon, font, color, Qt::AlignHCenter, EmojiStyle::Preferred);
+    const double scale = painter.device()->devicePixelRatioF();
+    const QPixmap picture = iconPicture(icon, scaled(points), color, scale);
+    const QSizeF size = picture.size() / scale;
+    painter.drawPixmap(QPointF(std::round((rect.center().x() - size.width() / 2) * scale) / scale,
+                               std::round((rect.center().y() - size.height() / 2) * scale) / scale),
+                       picture);
 }
 
 void setPlainText(QAbstractButton& button, const QString& text)

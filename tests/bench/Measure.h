@@ -32,11 +32,17 @@ QList<double> sortedTimes(int count, Step step)
     return times;
 }
 
+inline double medianOf(QList<double> values)
+{
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
+}
+
 /// The median of `count` runs of `step`, in milliseconds.
 template<typename Step>
 double median(int count, Step step)
 {
-    return sortedTimes(count, step)[count / 2];
+    return medianOf(sortedTimes(count, step));
 }
 
 } // namespace flitmark
