@@ -10,7 +10,6 @@
 #include <ui/Surfaces.h>
 #include <ui/ThemeScope.h>
 
-#include <QKeyEvent>
 #include <QPushButton>
 #include <QStackedLayout>
 
@@ -75,14 +74,6 @@ protected:
         if (m_state.showsFocus()) {
             painting::strokeRounded(painter, rect(), painting::controlRadius, painting::focusWidth, theme.mark);
         }
-    }
-    void keyPressEvent(QKeyEvent* event) override
-    {
-        if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-            click();
-            return;
-        }
-        QPushButton::keyPressEvent(event);
     }
 
 private:

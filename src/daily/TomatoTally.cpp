@@ -9,7 +9,6 @@
 #include <ui/ThemeScope.h>
 
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QPushButton>
 
 namespace flitmark {
@@ -56,14 +55,6 @@ protected:
         if (m_state.showsFocus()) {
             painting::strokeRounded(painter, rect(), painting::controlRadius, painting::focusWidth, theme.mark);
         }
-    }
-    void keyPressEvent(QKeyEvent* event) override
-    {
-        if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-            click();
-            return;
-        }
-        QPushButton::keyPressEvent(event);
     }
 
 private:

@@ -6,8 +6,6 @@
 #include <ui/Symbols.h>
 #include <ui/ThemeScope.h>
 
-#include <QKeyEvent>
-
 #include <cmath>
 
 namespace flitmark {
@@ -111,15 +109,6 @@ void Button::paintEvent(QPaintEvent* /*event*/)
         painting::strokeRounded(painter, box.adjusted(inset, inset, -inset, -inset), painting::controlRadius - inset,
                                 painting::focusWidth, isFilled ? theme.white : theme.mark);
     }
-}
-
-void Button::keyPressEvent(QKeyEvent* event)
-{
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        click();
-        return;
-    }
-    QPushButton::keyPressEvent(event);
 }
 
 } // namespace flitmark

@@ -3,11 +3,30 @@
 
 #include <ui/ControlState.h>
 
-#include <QAbstractButton>
 #include <QFocusEvent>
-#include <QWidget>
+#include <QKeyEvent>
+#include <QPushButton>
 
 namespace flitmark {
+
+namespace {
+
+/// Whether the key was a Return for `control`, a push button that is clicked then.
+bool clicksByReturn(QWidget& control, const QKeyEvent& event)
+{
+    auto* button = qobject_cast<QPushButton*>(&control);
+    const bool isReturn = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+    const bool isToCheck = button != nullptr && button->isCheckable() && button->group() == nullptr;
+    if (button == nullptr || isToCheck || !isReturn || (event.modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier) {
+        return false;
+    }
+    if (!event.isAutoRepeat()) {
+        button->click();
+    }
+    return true;
+}
+
+} // namespace
 
 ControlState::ControlState(QWidget& control)
     : QObject(&control)
@@ -69,6 +88,9 @@ bool ControlState::eventFilter(QObject* watched, QEvent* event)
         if (!m_isFocusedByKey && m_control.hasFocus()) {
             m_isFocusedByKey = true;
             m_control.update();
+        }
+        if (clicksByReturn(m_control, *static_cast<QKeyEvent*>(event))) {
+            return true;
         }
         break;
     default:

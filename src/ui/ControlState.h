@@ -12,7 +12,8 @@ class QWidget;
 namespace flitmark {
 
 /// Watches one control for its state (at rest, under the pointer, pressed, focused by keyboard) and repaints it when
-/// that changes. The control makes one as a member or child and asks it while painting.
+/// that changes. The control makes one as a member or child and asks it while painting. To a push button Return is what
+/// Space is; together with another key, and from a thing to check, it is left to the view around.
 class ControlState final : public QObject
 {
     Q_OBJECT

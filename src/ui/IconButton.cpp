@@ -6,8 +6,6 @@
 #include <ui/Symbols.h>
 #include <ui/ThemeScope.h>
 
-#include <QKeyEvent>
-
 namespace flitmark {
 
 IconButton::IconButton(const QString& name, IconButtonSize size, QWidget* parent)
@@ -97,15 +95,6 @@ void IconButton::paintEvent(QPaintEvent* /*event*/)
     if (m_state.showsFocus()) {
         painting::strokeRounded(painter, box, painting::controlRadius, painting::focusWidth, theme.mark);
     }
-}
-
-void IconButton::keyPressEvent(QKeyEvent* event)
-{
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        click();
-        return;
-    }
-    QPushButton::keyPressEvent(event);
 }
 
 } // namespace flitmark

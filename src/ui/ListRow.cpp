@@ -4,8 +4,6 @@
 #include <ui/ListRow.h>
 #include <ui/Painting.h>
 
-#include <QKeyEvent>
-
 namespace flitmark {
 
 namespace {
@@ -54,15 +52,6 @@ void ActionRow::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
     m_content.paint(painter, *this, m_state);
-}
-
-void ActionRow::keyPressEvent(QKeyEvent* event)
-{
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        click();
-        return;
-    }
-    QPushButton::keyPressEvent(event);
 }
 
 } // namespace flitmark

@@ -8,7 +8,6 @@
 #include <ui/ThemeScope.h>
 
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QPushButton>
 #include <QRadioButton>
 
@@ -92,14 +91,6 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* /*event*/) override { m_look.paint(); }
-    void keyPressEvent(QKeyEvent* event) override
-    {
-        if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-            click();
-            return;
-        }
-        QPushButton::keyPressEvent(event);
-    }
 
 private:
     SegmentLook m_look;

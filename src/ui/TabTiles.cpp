@@ -8,7 +8,6 @@
 #include <ui/ThemeScope.h>
 
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QPushButton>
 
 #include <cmath>
@@ -60,16 +59,6 @@ protected:
         if (m_state.showsFocus()) {
             painting::strokeRounded(painter, box, painting::controlRadius, painting::focusWidth, theme.mark);
         }
-    }
-
-    void keyPressEvent(QKeyEvent* event) override
-    {
-        if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-            // Together with Ctrl it is the window's.
-            event->modifiers() == Qt::NoModifier ? click() : event->ignore();
-            return;
-        }
-        QPushButton::keyPressEvent(event);
     }
 
 private:
