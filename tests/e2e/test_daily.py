@@ -4,7 +4,7 @@
 
 import json
 
-from desktop.case import DesktopCase
+from desktop.case import SetUpCase
 from desktop.waiting import PATIENCE, hold, wait_until
 
 NOTE = """## Today's Focus
@@ -22,11 +22,9 @@ NOTE = """## Today's Focus
 """
 
 
-class DailyTest(DesktopCase):
+class DailyTest(SetUpCase):
     def setUp(self):
         super().setUp()
-        self.home.make_vault()
-        self.home.complete_setup()
         self.home.write_daily_note(NOTE)
         self.note = self.home.daily_note
 

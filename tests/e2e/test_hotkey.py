@@ -3,9 +3,8 @@
 """The hotkey on an X11 desktop: from any program, once a press, and no key of what is typed after it goes astray."""
 
 import os
-import unittest
 
-from desktop.case import DesktopCase
+from desktop.case import SetUpCase
 from desktop.keygrabber import KeyGrabber
 from desktop.waiting import PATIENCE, hold, wait_until
 
@@ -16,11 +15,9 @@ TEXT = ("Remember The Milk, and the bread. " * 6)[:200]
 ROUNDS = int(os.environ.get("FLITMARK_TYPING_ROUNDS", "10"))
 
 
-class HotkeyTest(DesktopCase):
+class HotkeyTest(SetUpCase):
     def setUp(self):
         super().setUp()
-        self.home.make_vault()
-        self.home.complete_setup()
         self.bystander = self.start_bystander()
 
     def start_with_hotkey(self):
@@ -160,7 +157,3 @@ class HotkeyTest(DesktopCase):
         self.screen.key(HOTKEY, "x")
         wait_until(lambda: "x" in self.bystander.keys(), "typing to go on", timeout=0.25 * PATIENCE + 1)
         self.assertFalse(self.panel_is_open())
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -2,8 +2,6 @@
 # SPDX-License-Identifier: MIT
 """The hotkey on a Wayland desktop, which is a shortcut of the desktop's portal, and what the user is told of it."""
 
-import unittest
-
 from desktop.case import DesktopCase
 from desktop.portal import Portal
 from desktop.waiting import hold, wait_until
@@ -98,7 +96,3 @@ class PortalTest(DesktopCase):
         portal.wait_for_call("BindShortcuts")
         portal.consent()
         wait_until(lambda: self.line() == "", "nothing to be said of a hotkey that works")
-
-
-if __name__ == "__main__":
-    unittest.main()

@@ -2,8 +2,6 @@
 # SPDX-License-Identifier: MIT
 """The first run: from an empty home to the button on the desktop."""
 
-import unittest
-
 from desktop.case import DesktopCase
 from desktop.waiting import hold, wait_until
 
@@ -128,7 +126,3 @@ class SetupTest(DesktopCase):
         self.screen.window("Flitmark Button")
         self.assertEqual(self.home.config()["vault_path"], str(self.archive))
         self.assertEqual(self.home.config()["save_subfolder"], "Inbox")
-
-
-if __name__ == "__main__":
-    unittest.main()

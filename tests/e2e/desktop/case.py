@@ -39,7 +39,7 @@ class DesktopCase(unittest.TestCase):
         self.screen = self.desktop.screen
         self.home = Home(self.desktop.folder / "user")
         self.program = None
-        self.artifacts = ARTIFACTS / self.id().removeprefix("__main__.")
+        self.artifacts = ARTIFACTS / self.id()
         shutil.rmtree(self.artifacts, ignore_errors=True)
 
     def start(self, clock=None, **variables):
@@ -120,6 +120,17 @@ class DesktopCase(unittest.TestCase):
     def wait_for_note(self, folder="Inbox"):
         """The path of the first note in the folder of the vault, as soon as it is there."""
         return wait_until(lambda: self.home.notes(folder), f"a note in {folder}")[0]
+
+
+class SetUpCase(DesktopCase):
+    """The user has a vault and finished the set-up, with `SETTINGS` instead of the defaults."""
+
+    SETTINGS = {}
+
+    def setUp(self):
+        super().setUp()
+        self.home.make_vault()
+        self.home.complete_setup(**self.SETTINGS)
 
 
 def _leaving_evidence(test):
