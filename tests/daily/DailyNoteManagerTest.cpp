@@ -181,16 +181,6 @@ private Q_SLOTS:
         QCOMPARE(onDisk(), QByteArray("x\n- [x] a\ny\nz\n\n\n\n"));
     }
 
-    void focus_renumbersTheTasks()
-    {
-        start("## Focus\n## Tasks\n- [ ] a\n");
-        QVERIFY(manager().updateFocus(QStringLiteral("f")));
-        QVERIFY(m_services->dailyFocus().contains("\"focus\": \"f\""));
-        loop().runQueued();
-        QVERIFY(manager().toggleTask(manager().todayNote().tasks.first().lineNumber));
-        QCOMPARE(onDisk(), QByteArray("## Focus\n\nf\n## Tasks\n- [x] a\n"));
-    }
-
     void editsInOneTurn_buildOnEachOther()
     {
         start(changed(note, "3/8", "9223372036854775806/8"));
