@@ -148,6 +148,9 @@ class PopupsTest(SetUpCase):
         wait_until(lambda: "remain" not in button.description, lambda: button.description)
         hold(lambda: not self.screen.windows("Pomodoro Check-in"), "no check-in when stopped", 2.5 * PATIENCE)
         self.assertIn("**Today:** 1/8", self.note.read_text())
+        # Still paused, but without a timer, there is nothing to resume.
+        for item in ("Start Pomodoro Timer", "Pause Check-ins", "Stop Pomodoro Timer", "Start Pomodoro Timer"):
+            self.choose(item)
 
     def test_sleeps_over_two_reviews_and_is_reminded_once(self):
         self.home.complete_setup(daily_review_times=["19:00", "19:10", "20:59"])
