@@ -28,61 +28,46 @@ class Tour:
         self._screen = desktop.screen
         self._pictures = pictures
         self._number = 0
-        self._home = Home(desktop.folder / "user")
-        self._home.make_vault(self._home.folder / "Work")
-        self._program = Program(desktop, self._home, pictures / "output.txt")
+        self.home = Home(desktop.folder / "user")
+        self.home.make_vault(self.home.folder / "Work")
+        self.program = Program(desktop, self.home, pictures / "output.txt")
 
-    def walk(self):
-        """Gives the vault and the note written in it."""
-        self._set_up()
-        return self._home.vault, self._capture()
+    def set_up(self):
+        for sign, name, *choices in [
+            ("Quick Note Capture for Obsidian", "wizard-welcome", "Get Started"),
+            ("Select Your Obsidian Vault", "wizard-vault", "Notes", "Next"),
+            ("Configure Quick Tags", "wizard-quick-tags", "Next"),
+            ("You're All Set!", "wizard-finish", "Start Using Flitmark"),
+        ]:
+            self.program.find(sign)
+            for choice in choices[:-1]:
+                self.program.click(choice)
+            self._picture("Flitmark Setup", name)
+            self.program.click(choices[-1])
+        self._picture("Flitmark Button", "button")
+        self._picture("Start Flitmark automatically?", "login-question")
+        self.program.click("Not Now", "push button")
 
-    def _set_up(self):
-        program = self._program
-        wizard = self._screen.window("Flitmark Setup")
-        program.find("Quick Note Capture for Obsidian")
-        self._picture(wizard, "wizard-welcome")
-        program.click("Get Started", "push button")
-        program.click("Notes", "radio button")
-        self._picture(wizard, "wizard-vault")
-        program.click("Next", "push button")
-        program.find("Configure Quick Tags")
-        self._picture(wizard, "wizard-quick-tags")
-        program.click("Next", "push button")
-        program.find("You're All Set!")
-        self._picture(wizard, "wizard-finish")
-        program.click("Start Using Flitmark", "push button")
-        self._picture(self._screen.window("Flitmark Button"), "button")
-        self._picture(self._screen.window("Start Flitmark automatically?"), "login-question")
-        program.click("Not Now", "push button")
-
-    def _capture(self):
-        program = self._program
+    def capture(self):
+        """Gives the note."""
         self._screen.click(*self._screen.window("Flitmark Button").geometry.centre)
-        panel = self._screen.window("Flitmark")
-        editor = program.find("Note", window="Flitmark")
+        editor = self.program.find("Note", window="Flitmark")
         wait_until(lambda: editor.has("focused"), "the editor to have the keyboard")
-        self._picture(panel, "panel-empty")
+        self._picture("Flitmark", "panel-empty")
         self._screen.type(TEXT)
         for tag in TAGS:
-            program.click(tag, "check box", "Flitmark")
+            self.program.click(tag, "check box", "Flitmark")
         wait_until(lambda: editor.text == TEXT, "the text in the editor")
-        self._picture(panel, "panel-text")
+        self._picture("Flitmark", "panel-text")
         self._screen.key("ctrl+Return")
-        program.find("Saved", "label")
-        self._picture(panel, "panel-saved")
-        note = wait_until(lambda: self._home.notes(), "the note in the vault")[0]
-        wait_until(lambda: not panel.is_on_screen, "the panel to close")
-        return note
+        self.program.find("Saved", "label")
+        self._picture("Flitmark", "panel-saved")
+        return wait_until(lambda: self.home.notes(), "the note in the vault")[0]
 
-    def _picture(self, window, name):
-        """Takes a picture as soon as nothing moves any more, or shortly after."""
+    def _picture(self, title, name):
+        """Takes a picture of a window as soon as nothing in it moves any more, or shortly after."""
         self._number += 1
-        path = self._pictures / f"{self._number}-{name}.png"
-        window.picture(path, PICTURE_MARGIN)
-
-    def stop(self):
-        self._program.stop()
+        self._screen.window(title).picture(self._pictures / f"{self._number}-{name}.png", PICTURE_MARGIN)
 
 
 def main():
@@ -94,13 +79,14 @@ def main():
     with Desktop(size=(1280, 800), compositor=True) as desktop:
         tour = Tour(desktop, pictures)
         try:
-            vault, note = tour.walk()
+            tour.set_up()
+            note = tour.capture()
         except Exception:
             desktop.screen.picture(pictures / "failed.png")
             raise
         finally:
-            tour.stop()
-        print(f"\nThe note {note.relative_to(vault)} in the vault:\n\n{note.read_text()}\n")
+            tour.program.stop()
+        print(f"\nThe note {note.relative_to(tour.home.vault)} in the vault:\n\n{note.read_text()}\n")
     print(f"Pictures of every window are in {sys.argv[1]}:")
     for picture in sorted(pictures.glob("*.png")):
         print(f"  {picture.name}")
