@@ -108,13 +108,11 @@ class Desktop:
         shutil.copy(_ACCESSIBILITY_SERVICE, services)
         configuration = self.folder / "bus.conf"
         configuration.write_text(_BUS_CONFIGURATION.format(folder=self.folder / "runtime", services=services))
-        child = self._start("dbus-daemon", f"--config-file={configuration}", "--nofork", "--nopidfile",
-                            "--print-address=1", stdout=subprocess.PIPE, text=True)
-        return _first_line(child, "dbus-daemon")
+        return self.start_bus(f"--config-file={configuration}")[1]
 
-    def start_bus(self):
-        """Starts a further session bus and gives its process and address."""
-        child = self._start("dbus-daemon", "--session", "--nofork", "--nopidfile", "--print-address=1",
+    def start_bus(self, kind="--session"):
+        """Starts a session bus, a further one by default, and gives its process and address."""
+        child = self._start("dbus-daemon", kind, "--nofork", "--nopidfile", "--print-address=1",
                             stdout=subprocess.PIPE, text=True)
         return child, _first_line(child, "dbus-daemon")
 
