@@ -20,6 +20,12 @@ double milliseconds(Work work)
     return static_cast<double>(timer.nsecsElapsed()) / 1e6;
 }
 
+inline double medianOf(QList<double> times)
+{
+    std::sort(times.begin(), times.end());
+    return times[times.size() / 2];
+}
+
 /// The milliseconds that `count` runs of `step` take, least first. Each run is given its number.
 template<typename Step>
 QList<double> sortedTimes(int count, Step step)
@@ -30,13 +36,6 @@ QList<double> sortedTimes(int count, Step step)
     }
     std::sort(times.begin(), times.end());
     return times;
-}
-
-/// The median of `count` runs of `step`, in milliseconds.
-template<typename Step>
-double median(int count, Step step)
-{
-    return sortedTimes(count, step)[count / 2];
 }
 
 } // namespace flitmark

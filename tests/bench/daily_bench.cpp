@@ -37,11 +37,10 @@ double parseSpeed(qsizetype size, int rounds)
         ParsedDailyNote note;
         parsings.append(milliseconds([&] { note = parseDailyNote(text); }));
     }
-    std::sort(parsings.begin(), parsings.end());
     const double megabytes = double(size) / 1e6;
-    std::printf("parse %6.1f MB: %6.0f MB/s\n", megabytes, 1000 * megabytes / parsings[rounds / 2]);
-    std::fflush(stdout);
-    return parsings[rounds / 2] / megabytes;
+    const double perMegabyte = medianOf(parsings) / megabytes;
+    std::printf("parse %6.1f MB: %6.0f MB/s\n", megabytes, 1000 / perMegabyte);
+    return perMegabyte;
 }
 
 } // namespace

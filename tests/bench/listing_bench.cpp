@@ -50,10 +50,10 @@ bool measure(const char* label, const char* words, int count)
     }
     const NameOrder order{QLocale(QLocale::English)};
     bool isComplete = true;
-    const double walking =
-        median(9, [&](int) { isComplete = walk(QFile::encodeName(folder.path())) == count && isComplete; });
-    const double listing =
-        median(9, [&](int) { isComplete = listVaultItems(folder.path(), order).size() == count && isComplete; });
+    const double walking = medianOf(
+        sortedTimes(9, [&](int) { isComplete = walk(QFile::encodeName(folder.path())) == count && isComplete; }));
+    const double listing = medianOf(
+        sortedTimes(9, [&](int) { isComplete = listVaultItems(folder.path(), order).size() == count && isComplete; }));
     std::printf("%-12s bare walk %7.1f ms, listing %7.1f ms, ratio %.2f%s\n", label, walking, listing,
                 listing / walking, isComplete ? "" : " NOT ALL LISTED");
     return isComplete && listing / walking <= budget;
