@@ -10,7 +10,6 @@
 #include <app/TriggerDrag.h>
 #include <app/UpdateWindow.h>
 #include <capture/DraftManager.h>
-#include <capture/NoteEditor.h>
 #include <capture/NoteManager.h>
 #include <checkin/PopupPlacement.h>
 #include <settings/SettingsStage.h>
@@ -101,7 +100,7 @@ private Q_SLOTS:
     void startAtLogin_isNotAskedAboutWhereItIsOn()
     {
         Desktop desktop;
-        desktop.loginService.current = LoginService::Status::Enabled;
+        QVERIFY(desktop.loginService.registerProgram());
         desktop.loop.advance(1h);
         QCOMPARE(desktop.dialogs.messages, QStringList());
         QCOMPARE(desktop.loginService.status(), LoginService::Status::Enabled);

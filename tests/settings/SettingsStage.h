@@ -5,6 +5,7 @@
 
 #include <platform/AppUpdateController.h>
 #include <platform/LoginItemManager.h>
+#include <platform/linux/AutostartLoginService.h>
 #include <settings/SettingsModel.h>
 #include <support/DesktopDoubles.h>
 #include <support/TestServices.h>
@@ -23,7 +24,7 @@ struct SettingsStage : TestServices
     /// Starts with the defaults.
     SettingsStage() { config.load(); }
 
-    FakeLoginService loginService;
+    AutostartLoginService loginService{folder.path(), QStringLiteral("/bin/sh")};
     LoginItemManager loginItemManager{loginService};
     FakeUpdater updater;
     AppUpdateController updateController{updater};
@@ -31,13 +32,6 @@ struct SettingsStage : TestServices
 
     const AppConfig& settings() const { return config.config(); }
     const CoachConfig& coach() const { return signalManager.coachConfig(); }
-    template<typename Change>
-    void changeCoach(Change change)
-    {
-        CoachConfig changed = coach();
-        change(changed);
-        signalManager.setCoachConfig(changed);
-    }
 };
 
 } // namespace flitmark

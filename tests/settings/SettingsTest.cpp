@@ -102,12 +102,13 @@ private Q_SLOTS:
     void app_switchSpringsBackWhereItFails()
     {
         auto* login = named<QCheckBox>(*m_window, QStringLiteral("Start Flitmark at login"));
-        m_stage->loginService.failure = QStringLiteral("Read-only");
+        const QString inTheWay = m_stage->folder.filePath(QStringLiteral("autostart"));
+        writeTestFile(inTheWay, "");
         QTest::mouseClick(login->parentWidget(), Qt::LeftButton);
-        QVERIFY(!login->isChecked() && shows("Read-only"));
-        m_stage->loginService.failure.clear();
+        QVERIFY(!login->isChecked() && shows("Not a directory"));
+        QVERIFY(QFile::remove(inTheWay));
         QTest::keyClick(login, Qt::Key_Space);
-        QVERIFY(login->isChecked() && shows("Status: Enabled") && !shows("Read-only"));
+        QVERIFY(login->isChecked() && shows("Status: Enabled") && !shows("Not a directory"));
     }
 
     void quickTags_areEditedInTheirRows()
@@ -154,10 +155,10 @@ private Q_SLOTS:
              }) {
             SettingsStage stage;
             stage.config.update([](AppConfig& config) { config.dailyReviewTimes.clear(); });
-            CoachConfig coach = stage.coach();
-            coach.coachStyle = QString::fromLatin1(style);
-            coach.coachPrompt = QString::fromLatin1(prompt);
-            stage.signalManager.setCoachConfig(coach);
+            stage.changeCoach([&style = style, &prompt = prompt](CoachConfig& coach) {
+                coach.coachStyle = QString::fromLatin1(style);
+                coach.coachPrompt = QString::fromLatin1(prompt);
+            });
             stage.model.loadSettings();
             QCOMPARE(stage.model.state().coachStyle, QString::fromLatin1(shownStyle));
             QCOMPARE(stage.model.state().coachPrompt, shownPrompt);
