@@ -128,19 +128,15 @@ private Q_SLOTS:
     void getSaveDirectory()
     {
         ConfigManager manager(m_directories);
-        for (const auto& [vault, noteType, expected] : {
-                 std::tuple("/V/x/..", "Task", "/V/Inbox"),
-                 {"/V", "Other", "/V/Mine/x"},
-                 {"", "Fleeting", ""},
-                 {"Vault", "Fleeting", ""},
-                 {"~/Vault", "Fleeting", ""},
-                 {":/Vault", "Fleeting", ""},
-             }) {
-            manager.update([&path = vault](AppConfig& config) {
-                config.vaultPath = QString::fromUtf8(path);
-                config.saveSubfolder = QStringLiteral("Mine/x");
-            });
-            QCOMPARE(manager.getSaveDirectory(QString::fromUtf8(noteType)), QString::fromUtf8(expected));
+        manager.update([](AppConfig& config) {
+            config.vaultPath = QStringLiteral("/V/x/..");
+            config.saveSubfolder = QStringLiteral("Mine/x");
+        });
+        QCOMPARE(manager.getSaveDirectory(QStringLiteral("Task")), QStringLiteral("/V/Inbox"));
+        QCOMPARE(manager.getSaveDirectory(QStringLiteral("Other")), QStringLiteral("/V/Mine/x"));
+        for (const char* noVault : {"", "Vault", "~/Vault", ":/Vault"}) {
+            manager.update([noVault](AppConfig& config) { config.vaultPath = QString::fromUtf8(noVault); });
+            QCOMPARE(manager.getSaveDirectory(QStringLiteral("Task")), QString());
         }
     }
 
