@@ -59,20 +59,6 @@ class DailyTest(SetUpCase):
         self.assertEqual([path.name for path in self.note.parent.iterdir()], [self.note.name])
         self.assertEqual([line for line in self.program.output().splitlines() if "SignalManager: " not in line], [])
 
-    def test_a_task_gets_its_pomodoro(self):
-        self.start_with_button(clock="@2026-01-22 14:00:00 x120")
-        self.open_daily_tab()
-        starts = [control for control in self.program.find_all("Start Pomodoro for this task", window="Flitmark")]
-        self.screen.click(*self.program.place_of(starts[0]).centre)
-        checkin = self.screen.window("Pomodoro Check-in")
-        wait_until(lambda: checkin.is_active, "the check-in to have the keyboard")
-        self.wait_for_line("- [ ] Write the page 🍅")
-        self.program.click("On track", "push button", "Pomodoro Check-in")
-        self.wait_for_line("**Today:** 1/8 completed")
-        self.assertRegex(self.note.read_text(), r"\| 1 \| 14:\d\d \| Ship it \|")
-        focus = (self.home.vault / ".vault-state" / "flit-mark" / "daily-focus.json").read_text()
-        self.assertIn('"pomodoro_count": 1', focus)
-
     def test_the_timer_is_steered_and_the_note_deleted_meanwhile(self):
         self.home.write_coach_config('{"pomodoro_interval_minutes": 2}')
         self.start_with_button(clock=f"@2026-01-22 14:00:00 x{40 / PATIENCE:g}")
