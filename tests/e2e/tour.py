@@ -7,12 +7,10 @@ usage: tour.py FOLDER-FOR-THE-PICTURES
 
 import shutil
 import sys
+import unittest
 from pathlib import Path
 
-from desktop.desktop import Desktop
-from desktop.home import Home
-from desktop.program import Program
-from desktop.waiting import wait_until
+from desktop import case
 
 TEXT = "Water the tomatoes before the weekend"
 TAGS = ("#type/task", "#priority/high")
@@ -21,18 +19,16 @@ TAGS = ("#type/task", "#priority/high")
 PICTURE_MARGIN = 24
 
 
-class Tour:
+class Tour(case.DesktopCase):
     """One walk through the program, from the first start to the first note."""
 
-    def __init__(self, desktop, pictures):
-        self._screen = desktop.screen
-        self._pictures = pictures
-        self._number = 0
-        self.home = Home(desktop.folder / "user")
-        self.home.make_vault(self.home.folder / "Work")
-        self.program = Program(desktop, self.home, pictures / "output.txt")
+    SIZE = (1280, 800)
+    COMPOSITOR = True
 
-    def set_up(self):
+    def test_tour(self):
+        self.pictures = case.ARTIFACTS
+        self.home.make_vault(self.home.folder / "Work")
+        self.start()
         for sign, name, *choices in [
             ("Quick Note Capture for Obsidian", "wizard-welcome", "Get Started"),
             ("Select Your Obsidian Vault", "wizard-vault", "Notes", "Next"),
@@ -48,47 +44,37 @@ class Tour:
         self._picture("Start Flitmark automatically?", "login-question")
         self.program.click("Not Now", "push button")
 
-    def capture(self):
-        """Gives the note."""
-        self._screen.click(*self._screen.window("Flitmark Button").geometry.centre)
-        editor = self.program.find("Note", window="Flitmark")
-        wait_until(lambda: editor.has("focused"), "the editor to have the keyboard")
+        self.open_panel()
         self._picture("Flitmark", "panel-empty")
-        self._screen.type(TEXT)
+        self.screen.type(TEXT)
         for tag in TAGS:
             self.program.click(tag, "check box", "Flitmark")
-        wait_until(lambda: editor.text == TEXT, "the text in the editor")
+        self.wait_for_text(TEXT)
         self._picture("Flitmark", "panel-text")
-        self._screen.key("ctrl+Return")
+        self.screen.key("ctrl+Return")
         self.program.find("Saved", "label")
         self._picture("Flitmark", "panel-saved")
-        return wait_until(lambda: self.home.notes(), "the note in the vault")[0]
+        note = self.wait_for_note()
+        print(f"\nThe note {note.relative_to(self.home.vault)} in the vault:\n\n{note.read_text()}\n")
 
     def _picture(self, title, name):
         """Takes a picture of a window as soon as nothing in it moves any more, or shortly after."""
-        self._number += 1
-        self._screen.window(title).picture(self._pictures / f"{self._number}-{name}.png", PICTURE_MARGIN)
+        number = len(list(self.pictures.glob("*.png"))) + 1
+        self.screen.window(title).picture(self.pictures / f"{number}-{name}.png", PICTURE_MARGIN)
 
 
 def main():
     if len(sys.argv) != 2:
         sys.exit(__doc__)
-    pictures = Path(sys.argv[1]).resolve()
-    shutil.rmtree(pictures, ignore_errors=True)
-    pictures.mkdir(parents=True)
-    with Desktop(size=(1280, 800), compositor=True) as desktop:
-        tour = Tour(desktop, pictures)
-        try:
-            tour.set_up()
-            note = tour.capture()
-        except Exception:
-            desktop.screen.picture(pictures / "failed.png")
-            raise
-        finally:
-            tour.program.stop()
-        print(f"\nThe note {note.relative_to(tour.home.vault)} in the vault:\n\n{note.read_text()}\n")
+    case.ARTIFACTS = Path(sys.argv[1]).resolve()
+    shutil.rmtree(case.ARTIFACTS, ignore_errors=True)
+    case.ARTIFACTS.mkdir(parents=True)
+    result = unittest.TestResult()
+    Tour("test_tour").run(result)
+    for _, problem in result.errors + result.failures:
+        sys.exit(problem)
     print(f"Pictures of every window are in {sys.argv[1]}:")
-    for picture in sorted(pictures.glob("*.png")):
+    for picture in sorted(case.ARTIFACTS.glob("*.png")):
         print(f"  {picture.name}")
 
 
