@@ -4,7 +4,7 @@
 
 from desktop.accessibility import Rectangle
 from desktop.case import SetUpCase
-from desktop.waiting import hold, wait_until
+from desktop.waiting import hold, wait_for, wait_until
 
 SIDE = 56
 MARGIN = 12
@@ -14,8 +14,7 @@ ALL_DESKTOPS = "4294967295"
 
 class ButtonTest(SetUpCase):
     def wait_for_place(self, x, y):
-        wait_until(lambda: self.button().geometry == Rectangle(x, y, SIDE, SIDE),
-                   lambda: f"the button at {x}, {y}; it is at {self.button().geometry}")
+        wait_for(Rectangle(x, y, SIDE, SIDE), lambda: self.button().geometry)
 
     def drag_button_to(self, x, y):
         """Drags the button by its centre so that, without any limit, its corner would come to (x, y)."""
@@ -33,8 +32,7 @@ class ButtonTest(SetUpCase):
         self.assertIn("input focus: False", button.property("WM_HINTS"))
         # What is told to a screen reader is where it really is.
         control = self.program.find("Flitmark Button", "push button")
-        wait_until(lambda: control.extents == button.geometry,
-                   lambda: f"{control.extents} to be the place, which is {button.geometry}")
+        wait_for(button.geometry, lambda: control.extents)
 
         self.screen.xdotool("set_desktop", 2)
         wait_until(lambda: button.is_on_screen, "the button on another desktop")
@@ -95,5 +93,4 @@ class SmallScreenButtonTest(SetUpCase):
 
     def test_corner_of_a_small_screen(self):
         self.start_with_button()
-        wait_until(lambda: self.button().geometry == Rectangle(1024 - 68, 600 - 68, SIDE, SIDE),
-                   lambda: f"the corner; the button is at {self.button().geometry}")
+        wait_for(Rectangle(1024 - 68, 600 - 68, SIDE, SIDE), lambda: self.button().geometry)

@@ -3,7 +3,7 @@
 """The first run: from an empty home to the button on the desktop."""
 
 from desktop.case import DesktopCase
-from desktop.waiting import hold, wait_until
+from desktop.waiting import hold, wait_for, wait_until
 
 WIZARD = "Flitmark Setup"
 
@@ -25,7 +25,7 @@ class SetupTest(DesktopCase):
         self.screen.key("ctrl+a")
         self.screen.paste(text)
         control = self.program.find(field)
-        wait_until(lambda: control.text == text, lambda: f"{text!r} in {control}, which holds {control.text!r}")
+        wait_for(text, lambda: control.text)
 
     def next(self, button="Next"):
         self.program.click(button, "push button", WIZARD)

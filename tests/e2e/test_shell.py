@@ -78,7 +78,7 @@ class ShellTest(SetUpCase):
         self.screen.window("Flitmark Button")
         wait_until(lambda: NAME in self.screen.run(
             "gdbus", "call", "--address", address, "--dest", "org.freedesktop.DBus", "--object-path", "/", "--method",
-            "org.freedesktop.DBus.ListNames") or True, "the bus")
+            "org.freedesktop.DBus.ListNames"), "the program on the bus")
         bus.kill()
         bus.wait()
         hold(lambda: self.program.is_running, "running on", 0.5)
