@@ -24,18 +24,13 @@ namespace {
 /// A home with everything the delegate works with, on a desktop without a display.
 struct Desktop : SettingsStage
 {
-    template<typename Change>
-    explicit Desktop(Change change)
+    explicit Desktop(const std::function<void(AppConfig&)>& change = [](AppConfig&) {})
     {
         config.update([&](AppConfig& settings) {
             settings.hasCompletedSetup = true;
             change(settings);
         });
         delegate.applicationDidFinishLaunching();
-    }
-    Desktop()
-        : Desktop([](AppConfig&) {})
-    {
     }
 
     PanelWindow& panel() { return *delegate.panelWindow(); }

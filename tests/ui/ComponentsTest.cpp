@@ -23,14 +23,6 @@ using namespace flitmark;
 
 namespace {
 
-RowContent rowContent(const QString& title, const QString& second = {})
-{
-    RowContent content;
-    content.title = title;
-    content.second = second;
-    return content;
-}
-
 /// A window with `widgets` in a column, shown and active.
 std::unique_ptr<QWidget> windowOf(const QList<QWidget*>& widgets)
 {
@@ -67,17 +59,20 @@ private Q_SLOTS:
     {
         const QString name = QStringLiteral("R&D & more");
         const QString second = QStringLiteral("/home/mara/Q&A");
+        RowContent row;
+        row.title = name;
+        row.second = second;
         // Return belongs to the view in which a thing to check stands.
         const std::tuple<QWidget*, QAccessible::Role, QString, int> rows[] = {
             {new Button(name), QAccessible::Button, {}, 3},
             {new IconButton(name), QAccessible::Button, {}, 3},
-            {new ActionRow(rowContent(name, second)), QAccessible::Button, second, 3},
+            {new ActionRow(row), QAccessible::Button, second, 3},
             {new ChipButton(QStringLiteral("🔥"), name), QAccessible::CheckBox, {}, 1},
             {new CheckBox(name), QAccessible::CheckBox, {}, 1},
             {new Switch(name), QAccessible::CheckBox, {}, 1},
             {new Slider(name, 0, 10, 1), QAccessible::Slider, {}, 0},
             {new TextArea(name, 96), QAccessible::EditableText, {}, 0},
-            {new ListRow(rowContent(name, second)), QAccessible::RadioButton, second, -1},
+            {new ListRow(row), QAccessible::RadioButton, second, -1},
             {new TextField(name), QAccessible::EditableText, {}, 0},
             {new Label(name), QAccessible::StaticText, {}, 0},
             {new Badge(name), QAccessible::StaticText, {}, 0},
