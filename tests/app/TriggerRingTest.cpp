@@ -4,10 +4,11 @@
 #include <app/RingProgress.h>
 #include <app/TriggerButtonView.h>
 #include <app/TriggerButtonWindow.h>
-#include <app/TriggerMenu.h>
 #include <support/DesktopDoubles.h>
-#include <support/TestServices.h>
+#include <support/ManualRunLoop.h>
 #include <ui/Motion.h>
+
+#include <QtTest/QTest>
 
 using namespace flitmark;
 using namespace std::chrono_literals;
@@ -117,26 +118,6 @@ private Q_SLOTS:
             button.show(progress);
             QCOMPARE(button.window.mask().contains(onRing), progress > 0);
             QVERIFY(button.window.mask().contains(QPoint(28, 5)) && !button.window.mask().contains(QPoint(3, 3)));
-        }
-    }
-
-    void menu_offersWhatFits()
-    {
-        TestServices services;
-        FakeWindowManager windowManager;
-        QWidget parent;
-        // Still paused, but without a timer, there is nothing to resume.
-        for (const auto& [expected, index] :
-             {std::pair("Start Pomodoro Timer", 3), std::pair("Pause Check-ins|Stop Pomodoro Timer", 3),
-              std::pair("Resume Check-ins|Stop Pomodoro Timer", 4), std::pair("Start Pomodoro Timer", 3)}) {
-            TriggerMenu menu(services.controller, services.notifications, windowManager, &parent);
-            QStringList items;
-            for (const QAction* action : menu.actions()) {
-                items.append(action->isSeparator() ? QStringLiteral("-") : action->text());
-            }
-            QCOMPARE(items.join(u'|'), QLatin1String("Settings...|Help...|-|") + QLatin1String(expected) +
-                                           QStringLiteral("|-|Quit Flitmark"));
-            menu.actions().at(index)->trigger();
         }
     }
 };

@@ -20,6 +20,12 @@ double milliseconds(Work work)
     return static_cast<double>(timer.nsecsElapsed()) / 1e6;
 }
 
+inline double medianOf(QList<double> values)
+{
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
+}
+
 /// The milliseconds that `count` runs of `step` take, least first. Each run is given its number.
 template<typename Step>
 QList<double> sortedTimes(int count, Step step)
@@ -30,19 +36,6 @@ QList<double> sortedTimes(int count, Step step)
     }
     std::sort(times.begin(), times.end());
     return times;
-}
-
-inline double medianOf(QList<double> values)
-{
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
-}
-
-/// The median of `count` runs of `step`, in milliseconds.
-template<typename Step>
-double median(int count, Step step)
-{
-    return medianOf(sortedTimes(count, step));
 }
 
 } // namespace flitmark

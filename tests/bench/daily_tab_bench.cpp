@@ -84,11 +84,8 @@ int main(int argc, char** argv)
         for (int round = 0; round < rounds; ++round) {
             times.append(reload(noteOf(line, round)));
         }
-        std::sort(times.begin(), times.end());
-        results.append({label, times[rounds / 2]});
-        if (results.size() <= 3) {
-            longest = std::max(longest, times[rounds / 2]);
-        }
+        results.append({label, medianOf(times)});
+        longest = results.size() <= 3 ? std::max(longest, medianOf(times)) : longest;
     }
     services.output.reset();
     for (const auto& [label, time] : results) {

@@ -3,9 +3,10 @@
 # SPDX-License-Identifier: MIT
 """Measures all that has a budget and prints it beside the budget. Ends with 1 when one is not kept.
 
-usage: table.py FOLDER-OF-A-RELEASE-BUILD [short]
+usage: table.py FOLDER-OF-A-RELEASE-BUILD [short] [PART...]
 
-"short" takes the fewer and shorter measurements that a machine under load can bear; its figures say little.
+"short" takes the fewer and shorter measurements that a machine under load can bear; its figures say little. The parts
+are start, hotkey, logic, wakeups and day; without one all are measured.
 """
 
 import re
@@ -95,15 +96,18 @@ def add_day(table, program):
 def main():
     if len(sys.argv) < 2:
         sys.exit(__doc__)
-    build, is_short = Path(sys.argv[1]).resolve(), sys.argv[2:] == ["short"]
+    build, is_short = Path(sys.argv[1]).resolve(), "short" in sys.argv[2:]
     program = str(build / "flitmark")
     table = Table()
-    add_start(table, program)
-    add_hotkey(table, program)
-    add_logic(table, build)
-    add_wakeups(table, program, 10 if is_short else 60)
-    if not is_short:
-        add_day(table, program)
+    parts = {
+        "start": lambda: add_start(table, program),
+        "hotkey": lambda: add_hotkey(table, program),
+        "logic": lambda: add_logic(table, build),
+        "wakeups": lambda: add_wakeups(table, program, 10 if is_short else 60),
+        "day": lambda: add_day(table, program),
+    }
+    for name in [part for part in sys.argv[2:] if part in parts] or list(parts)[:-1 if is_short else None]:
+        parts[name]()
     # On a machine that does other things as well the figures prove nothing.
     return 0 if table.is_good or is_short else 1
 

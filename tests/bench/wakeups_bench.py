@@ -1,21 +1,14 @@
-#!/usr/bin/python3
 # SPDX-FileCopyrightText: 2026 The Flitmark authors
 # SPDX-License-Identifier: MIT
-"""How often the program wakes up by itself, by what is on screen. Usage: wakeups_bench.py PROGRAM [seconds]
+"""How often the program wakes up by itself, by what is on screen.
 
 A wake-up is a sleep that the main thread ended, as the kernel counts them. Idle, one a minute is to be expected, and
 with a Pomodoro one a second and what the X server answers where the ring moves."""
 
-import os
-import sys
 import time
 from pathlib import Path
 
-sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "e2e"))
-
-from desktop.desktop import Desktop  # noqa: E402
-from desktop.home import Home  # noqa: E402
-from desktop.program import Program  # noqa: E402
+from stage import click_button, desktop_for, running, start_pomodoro
 
 NOTE = "## Today's Focus\nShip it\n\n## Tasks\n- [ ] Write the page\n"
 SETTLE_SECONDS = 3
@@ -42,36 +35,14 @@ def wakeups(process_id, seconds):
 
 def measure(program_path, seconds):
     """The wake-ups by what is on screen."""
-    os.environ["FLITMARK_PROGRAM"] = program_path
-    with Desktop() as desktop:
-        # A screen reader would ask now and then.
-        desktop.environment["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "0"
-        home = Home(desktop.folder / "user")
-        home.make_vault()
-        home.complete_setup()
+    with desktop_for(program_path) as (desktop, home):
         home.write_daily_note(NOTE)
-        program = Program(desktop, home, desktop.folder / "output.txt", "@2026-01-22 14:00:00")
-        screen = desktop.screen
-        button = screen.window("Flitmark Button").geometry.centre
-        figures = {"idle, panel never opened": wakeups(program.process_id, seconds)}
-        screen.click(*button)
-        screen.window("Flitmark")
-        screen.click(*button)
-        figures["idle, panel hidden"] = wakeups(program.process_id, seconds)
-        screen.click(*button, 3)
-        menu = screen.window("Flitmark Menu").geometry
-        screen.click(menu.x + 40, menu.y + 4 + 32 + 32 + 9 + 16)
-        program.wait_for_output("Started Pomodoro timer")
-        figures["Pomodoro, panel hidden"] = wakeups(program.process_id, seconds)
-        program.stop()
+        with running(desktop, home, "@2026-01-22 14:00:00") as program:
+            figures = {"idle, panel never opened": wakeups(program.process_id, seconds)}
+            click_button(desktop.screen)
+            desktop.screen.window("Flitmark")
+            click_button(desktop.screen)
+            figures["idle, panel hidden"] = wakeups(program.process_id, seconds)
+            start_pomodoro(desktop.screen, program)
+            figures["Pomodoro, panel hidden"] = wakeups(program.process_id, seconds)
     return figures
-
-
-def main():
-    figures = measure(sys.argv[1], float(sys.argv[2]) if len(sys.argv) > 2 else 60)
-    for label, (own, other) in figures.items():
-        print(f"{label:34} main thread {own:6.1f} a minute, other threads {other:5.1f}")
-
-
-if __name__ == "__main__":
-    main()

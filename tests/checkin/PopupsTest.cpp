@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Flitmark authors
 // SPDX-License-Identifier: MIT
 
+#include <checkin/CheckinModel.h>
 #include <checkin/DesktopPopups.h>
 #include <checkin/PopupWindow.h>
 #include <support/Accessible.h>
@@ -16,11 +17,17 @@ namespace {
 
 using Kind = CheckinResponse::Kind;
 
+QByteArray noteWith(const QByteArray& focus, const QByteArray& log = {}, int count = 0)
+{
+    return "## Today's Focus\n" + focus + "\n## Pomodoro Log\n**Today:** " + QByteArray::number(count) +
+           "/8 completed\n| # | Time | Focus |\n|---|---|---|\n" + log;
+}
+
 /// The popups on a desktop without a display. An answer closes its popup, as the controller does it.
 class Stage
 {
 public:
-    explicit Stage(const QByteArray& note = "## Today's Focus\nShip it\n")
+    explicit Stage(const QByteArray& note = noteWith("Ship it"))
         : services(note)
     {
     }
@@ -52,6 +59,48 @@ class PopupsTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void answer_isTakenOnce()
+    {
+        TestServices services(noteWith("", {}, 2));
+        QList<CheckinResponse> responses;
+        CheckinModel model(services.daily, services.signalManager, services.loop,
+                           [&](const CheckinResponse& given) { responses.append(given); });
+        model.completePomodoro();
+        model.completePomodoro();
+        model.startCompletingTask();
+        model.setNewFocus(QStringLiteral("More"));
+        model.submit();
+        QCOMPARE(responses, QList<CheckinResponse>({{Kind::onTrack}}));
+        QVERIFY(services.dailyFocus().contains("\"focus\": \"Working\",\n  \"pomodoro_count\": 3"));
+        QCOMPARE(services.note(), noteWith("", "| 3 | 09:30 | Working |\n", 3));
+
+        // The receiver may end the model while it answers.
+        std::unique_ptr<CheckinModel> ending;
+        ending = std::make_unique<CheckinModel>(services.daily, services.signalManager, services.loop,
+                                                [&](const CheckinResponse&) { ending.reset(); });
+        ending->completePomodoro();
+        QVERIFY(!ending);
+    }
+    void entry_isTakenWithoutItsSpaces()
+    {
+        for (const auto& [answer, typed, after] : {
+                 std::tuple("Done → New task", "  Write ", noteWith("Write", "| 1 | 09:30 | Ship it |\n", 1)),
+                 {"Change focus", "  Write", noteWith("Write", "| 1 | 09:30 | Write |\n", 1)},
+                 {"Change focus", "Ship it", noteWith("Ship it", "| 1 | 09:30 | Ship it |\n", 1)},
+                 {"Done → New task", "  ", noteWith("Ship it")},
+                 {"Change focus", "", noteWith("Ship it")},
+             }) {
+            Stage stage;
+            stage.showCheckin();
+            stage.services.loop.advance(1s);
+            stage.click(answer);
+            type(QApplication::focusWidget(), QString::fromLatin1(typed));
+            press(Qt::Key_Return);
+            QCOMPARE(stage.services.note(), after);
+            QCOMPARE(stage.responses.value(0).focus, QString::fromLatin1(typed).trimmed());
+        }
+    }
+
     void longFocus_leavesTheAnswersOnTheScreen()
     {
         Stage stage("## Today's Focus\n" + QByteArray("word ").repeated(2000));
@@ -118,8 +167,6 @@ private Q_SLOTS:
         stage.showCheckin();
         stage.services.loop.advance(1s);
         stage.click("Done → New task");
-        press(Qt::Key_Return); // while it is empty
-        QVERIFY(stage.responses.isEmpty());
         stage.click("Cancel");
         QCOMPARE(QApplication::focusWidget(), stage.find("Done → New task"));
 

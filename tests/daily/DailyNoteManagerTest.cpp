@@ -153,11 +153,6 @@ private Q_SLOTS:
             loop().runQueued();
             QCOMPARE(manager().todayNote().content.toUtf8(), after);
         }
-        // Gone, the note is not made again.
-        QVERIFY(QDir(m_services->vault).removeRecursively());
-        QVERIFY(!manager().addNewTask(QStringLiteral("x")));
-        QCOMPARE(manager().lastError(), QStringLiteral("Failed to add new task: No such file or directory"));
-        QVERIFY(!QFile::exists(path()));
         start("## Carryover\n- [ ] a");
         QVERIFY(!manager().addNewTask(QStringLiteral("x")));
         QCOMPARE(manager().lastError(), QStringLiteral("Could not find tasks section in daily note"));
@@ -179,16 +174,6 @@ private Q_SLOTS:
         start("x\r\n- [ ] a\ry\vz\f\xC2\x85\xE2\x80\xA8\xE2\x80\xA9");
         QVERIFY(manager().toggleTask(1));
         QCOMPARE(onDisk(), QByteArray("x\n- [x] a\ny\nz\n\n\n\n"));
-    }
-
-    void focus_renumbersTheTasks()
-    {
-        start("## Focus\n## Tasks\n- [ ] a\n");
-        QVERIFY(manager().updateFocus(QStringLiteral("f")));
-        QVERIFY(m_services->dailyFocus().contains("\"focus\": \"f\""));
-        loop().runQueued();
-        QVERIFY(manager().toggleTask(manager().todayNote().tasks.first().lineNumber));
-        QCOMPARE(onDisk(), QByteArray("## Focus\n\nf\n## Tasks\n- [x] a\n"));
     }
 
     void editsInOneTurn_buildOnEachOther()

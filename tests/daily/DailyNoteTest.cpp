@@ -39,6 +39,75 @@ QString result(const Edits::Lines& lines, const std::optional<LineChanges>& chan
     return changes ? Edits::apply(lines, *changes) : QStringLiteral("(can't be done)");
 }
 
+using Text = const char*;
+
+/// The kind of edit, a name, the note before and after it.
+const std::tuple<Text, Text, Text, Text> editRows[] = {
+    {"focus", "bold stays bold", "## Today's Focus\n\n**Old**\nrest", "## Today's Focus\n\n**Go**\nrest"},
+    {"focus", "plain stays plain", "## FOCUS\n  *Old*\n", "## FOCUS\nGo\n"},
+    {"focus", "a list item, but no tag", "## Focus\n#tag\n- a **b** c", "## Focus\n#tag\n**Go**"},
+    {"focus", "none before the next heading", "## Focus\n\n## Tasks\na", "## Focus\n\nGo\n\n## Tasks\na"},
+    {"focus", "none at the end", "## Focus", "## Focus\n\nGo"},
+    {"focus", "the first section", "## Focus\n## Tasks\n## Focus\na", "## Focus\n\nGo\n## Tasks\n## Focus\na"},
+    {"focus", "hidden lines", "---\n## Focus\n---\n## Focus\n---\nb\n---\nc",
+     "---\n## Focus\n---\n## Focus\n---\nb\n---\nGo"},
+    {"focus", "second look", "---\nx\n  ### my ## FOCUS\n", "---\nx\n  ### my ## FOCUS\n\nGo\n"},
+    {"focus", "no heading", "# Focus\na\r\nb\n", "# Focus\na\nb\n"},
+
+    {"entry", "tally and table", "## Pomodoro\n**Today:** 3/8\n\n| # | Time |\n|---|---|\n| 3 | a |\n\nend",
+     "## Pomodoro\n**Today:** 4/8 completed\n\n| # | Time |\n|---|---|\n| 3 | a |\n"
+     "| 4 | 09:30 | Go |\n\nend"},
+    {"entry", "every tally, after the table", " Today: 1\n## Pomodoro\n| # |\n Today: 1\n## Pomodoro 2\nToday: 2",
+     " Today: 1\n## Pomodoro\n| # |\n| 4 | 09:30 | Go |\n**Today:** 4/8 completed\n## Pomodoro 2\n"
+     "**Today:** 4/8 completed"},
+    {"entry", "hidden lines", "## Pomodoro\n---\nToday: 1\n| a |\n---\n| b |\n---\n| c |",
+     "## Pomodoro\n---\nToday: 1\n| a |\n---\n| b |\n| 4 | 09:30 | Go |\n---\n| c |"},
+    {"entry", "below the last table line", "## Pomodoro\n| a |\ntext\n  |---|\nend",
+     "## Pomodoro\n| a |\ntext\n  |---|\n| 4 | 09:30 | Go |\nend"},
+
+    {"task", "after the last one", "## Tasks\n- [ ] a\nx\n  - [x] b\n\n## Notes\n- [ ] c",
+     "## Tasks\n- [ ] a\nx\n  - [x] b\n- [ ] Go\n\n## Notes\n- [ ] c"},
+    {"task", "below the heading", "## My TASKS\n\ntext", "## My TASKS\n- [ ] Go\n\ntext"},
+    {"task", "a later section takes over", "## Tasks\n- [ ] a\n## Scheduled\nb",
+     "## Tasks\n- [ ] a\n## Scheduled\n- [ ] Go\nb"},
+    {"task", "not once it has ended", "## Tasks\n## Notes\n## Tasks", "## Tasks\n- [ ] Go\n## Notes\n## Tasks"},
+    {"task", "marks hide nothing", "---\n## Tasks\n---\n- [ ] a\n---", "---\n## Tasks\n---\n- [ ] a\n- [ ] Go\n---"},
+    {"task", "no section", "## Carryover\n- [ ] a\n# Tasks\n### Tasks\n##Tasks", "(can't be done)"},
+};
+
+/// A name, a note, and the picture of what is in it.
+const std::tuple<const char*, const char*, const char*> parsingRows[] = {
+    {"no section", "# Title\nfocus\n- [ ] a\nToday: 3/8\n### Tasks\n- [ ] b\n##Tasks\n- [ ] c", ""},
+    {"one mark hides the rest", "## Tasks\n- [ ] a\n---\n- [ ] b\n## Focus\nc", "1 o a"},
+    {"marks hide in pairs", "## Tasks\n  ---\t\n- [ ] a\n---\n- [ ] b\n---\n- [ ] c", "4 o b"},
+    {"longer rules are not marks", "## Tasks\n----\n--- -\n- [ ] a", "3 o a"},
+    {"focus: no list item, no number sign", "## FOCUS\n\n- a\n#tag\n > b\n c ", "focus > b"},
+    {"focus: stars go, also unpaired", "## 🎯 Focus\n  ** **a* b*** ", "focus a b"},
+    {"focus: only stars are no focus", "## Focus\n***\n* *\nb\nc", "focus b"},
+    {"focus: over several sections", "## Focus\n## Tasks\n- [ ] a\n## Old focus\nb", "focus b\n2 o a"},
+    {"kinds are decided in order",
+     "## Focus Tasks\n- [ ] a\nb\n## Pomodoro Tasks\n- [ ] c\nToday: 1/2\n## Work done by coach\n> d\n",
+     "focus b\n4 o c\ncoach d"},
+    {"deeper headings end nothing", "## Tasks\n### More\n# Title\n- [ ] a", "3 o a"},
+    {"headings by lower case", "## SCHEDULED\n- [ ] a\n## Carryover\n- [ ] b\n## TAS\u212A\n- [ ] c",
+     "1 o a\n3 o b\n5 o c"},
+    {"task marks", "## Tasks\n- [X] a\n \t- [x]  b  \n- [-] c\n-[ ] d\n* [ ] e\n- []\n- [x", "1 x a\n2 x b"},
+    {"task texts", "## Tasks\n- [ ]\n- [ ] \n- [ ]abc\n- [ ]é\n- [ ] é", "1 o \n2 o \n3 o bc\n4 o \n5 o é"},
+    {"the sixth character is taken whole", "## Tasks\n- [ ]👩‍🚀 a\n- [ ]e\u0301b", "1 o a\n2 o b"},
+    {"coach notes", "## Coach\n- a\n>  b \n-c\n- \n>\n* d", "coach a\ncoach b"},
+    {"work done", "## Work Done\n> a\n- b\n-\t\n  -  c", "done b\ndone c"},
+    {"tally: the last that can be read",
+     "## Pomodoro\n**Today:** 3/8\nxToday: 12/8\nToday: 9223372036854775808/8\nToday: no", "count 12"},
+    {"tally: first slash between digits", "## Pomodoro\nToday: / 1/x 2/ a/3 44/55/66 7/8", "count 44"},
+    {"tally: case counts, digits of ours", "## Pomodoro\ntoday: 1/8\nToday: ٣/8\nToday: 3/٨", ""},
+    {"table: rows before a header", "## Pomodoro\n| 1 | 2 | 3 |\n| # | Focus |\n| 2 | 3 | 4 |\n| Time |\n| 3 | 4 | 5 |",
+     ""},
+    {"table: cells",
+     "## Pomodoro\n|#|Time|\n| ---|---|\n|---\n| 1 || Focus |\n| 2 | | Focus |\n| x | 09:30 | Focus |\n"
+     "|| +3 | 10:00 | a | b ||\n| -4 |5|6\n| 7 | 8 |",
+     "row 2 [] [Focus]\nrow 3 [10:00] [a]\nrow -4 [5] [6]"},
+};
+
 } // namespace
 
 class DailyNoteTest : public QObject
@@ -46,105 +115,29 @@ class DailyNoteTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void parsing_data()
-    {
-        QTest::addColumn<QString>("content");
-        QTest::addColumn<QString>("expected");
-        const auto row = [](const char* name, const char* content, const char* expected) {
-            QTest::newRow(name) << content << expected;
-        };
-        row("no section", "# Title\nfocus\n- [ ] a\nToday: 3/8\n### Tasks\n- [ ] b\n##Tasks\n- [ ] c", "");
-        row("one mark hides the rest", "## Tasks\n- [ ] a\n---\n- [ ] b\n## Focus\nc", "1 o a");
-        row("marks hide in pairs", "## Tasks\n  ---\t\n- [ ] a\n---\n- [ ] b\n---\n- [ ] c", "4 o b");
-        row("longer rules are not marks", "## Tasks\n----\n--- -\n- [ ] a", "3 o a");
-        row("focus: no list item, no number sign", "## FOCUS\n\n- a\n#tag\n > b\n c ", "focus > b");
-        row("focus: stars go, also unpaired", "## 🎯 Focus\n  ** **a* b*** ", "focus a b");
-        row("focus: only stars are no focus", "## Focus\n***\n* *\nb\nc", "focus b");
-        row("focus: over several sections", "## Focus\n## Tasks\n- [ ] a\n## Old focus\nb", "focus b\n2 o a");
-        row("kinds are decided in order",
-            "## Focus Tasks\n- [ ] a\nb\n## Pomodoro Tasks\n- [ ] c\nToday: 1/2\n## Work done by coach\n> d\n",
-            "focus b\n4 o c\ncoach d");
-        row("deeper headings end nothing", "## Tasks\n### More\n# Title\n- [ ] a", "3 o a");
-        row("headings by lower case", "## SCHEDULED\n- [ ] a\n## Carryover\n- [ ] b\n## TAS\u212A\n- [ ] c",
-            "1 o a\n3 o b\n5 o c");
-        row("task marks", "## Tasks\n- [X] a\n \t- [x]  b  \n- [-] c\n-[ ] d\n* [ ] e\n- []\n- [x", "1 x a\n2 x b");
-        row("task texts", "## Tasks\n- [ ]\n- [ ] \n- [ ]abc\n- [ ]é\n- [ ] é", "1 o \n2 o \n3 o bc\n4 o \n5 o é");
-        row("the sixth character is taken whole", "## Tasks\n- [ ]👩‍🚀 a\n- [ ]e\u0301b", "1 o a\n2 o b");
-        row("coach notes", "## Coach\n- a\n>  b \n-c\n- \n>\n* d", "coach a\ncoach b");
-        row("work done", "## Work Done\n> a\n- b\n-\t\n  -  c", "done b\ndone c");
-        row("tally: the last that can be read",
-            "## Pomodoro\n**Today:** 3/8\nxToday: 12/8\nToday: 9223372036854775808/8\nToday: no", "count 12");
-        row("tally: first slash between digits", "## Pomodoro\nToday: / 1/x 2/ a/3 44/55/66 7/8", "count 44");
-        row("tally: case counts, digits of ours", "## Pomodoro\ntoday: 1/8\nToday: ٣/8\nToday: 3/٨", "");
-        row("table: rows before a header",
-            "## Pomodoro\n| 1 | 2 | 3 |\n| # | Focus |\n| 2 | 3 | 4 |\n| Time |\n| 3 | 4 | 5 |", "");
-        row("table: cells",
-            "## Pomodoro\n|#|Time|\n| ---|---|\n|---\n| 1 || Focus |\n| 2 | | Focus |\n| x | 09:30 | Focus |\n"
-            "|| +3 | 10:00 | a | b ||\n| -4 |5|6\n| 7 | 8 |",
-            "row 2 [] [Focus]\nrow 3 [10:00] [a]\nrow -4 [5] [6]");
-    }
-
     void parsing()
     {
-        QFETCH(QString, content);
-        QTEST(picture(parseDailyNote(content)), "expected");
-        for (const char16_t* lineBreak : {u"\r\n", u"\r", u"\v", u"\f", u"\u0085", u"\u2028", u"\u2029"}) {
-            QTEST(picture(parseDailyNote(QString(content).replace(QChar(u'\n'), QString::fromUtf16(lineBreak)))),
-                  "expected");
+        for (const auto& [name, content, expected] : parsingRows) {
+            for (const char16_t* lineBreak : {u"\n", u"\r\n", u"\r", u"\v", u"\f", u"\u0085", u"\u2028", u"\u2029"}) {
+                const QString text = QString::fromUtf8(content).replace(u'\n', QString::fromUtf16(lineBreak));
+                const QString found = picture(parseDailyNote(text));
+                QVERIFY2(found == QString::fromUtf8(expected), qPrintable(QLatin1String(name) + u'\n' + found));
+            }
         }
-    }
-
-    void edit_data()
-    {
-        QTest::addColumn<QString>("kind");
-        QTest::addColumn<QString>("before");
-        QTest::addColumn<QString>("after");
-        const auto row = [](const char* kind, const char* name, const char* before, const char* after) {
-            QTest::addRow("%s: %s", kind, name) << kind << before << after;
-        };
-        row("focus", "bold stays bold", "## Today's Focus\n\n**Old**\nrest", "## Today's Focus\n\n**Go**\nrest");
-        row("focus", "plain stays plain", "## FOCUS\n  *Old*\n", "## FOCUS\nGo\n");
-        row("focus", "a list item, but no tag", "## Focus\n#tag\n- a **b** c", "## Focus\n#tag\n**Go**");
-        row("focus", "none before the next heading", "## Focus\n\n## Tasks\na", "## Focus\n\nGo\n\n## Tasks\na");
-        row("focus", "none at the end", "## Focus", "## Focus\n\nGo");
-        row("focus", "the first section", "## Focus\n## Tasks\n## Focus\na", "## Focus\n\nGo\n## Tasks\n## Focus\na");
-        row("focus", "hidden lines", "---\n## Focus\n---\n## Focus\n---\nb\n---\nc",
-            "---\n## Focus\n---\n## Focus\n---\nb\n---\nGo");
-        row("focus", "second look", "---\nx\n  ### my ## FOCUS\n", "---\nx\n  ### my ## FOCUS\n\nGo\n");
-        row("focus", "no heading", "# Focus\na\r\nb\n", "# Focus\na\nb\n");
-
-        row("entry", "tally and table", "## Pomodoro\n**Today:** 3/8\n\n| # | Time |\n|---|---|\n| 3 | a |\n\nend",
-            "## Pomodoro\n**Today:** 4/8 completed\n\n| # | Time |\n|---|---|\n| 3 | a |\n| 4 | 09:30 | Go |\n\nend");
-        row("entry", "every tally, after the table",
-            " Today: 1\n## Pomodoro\n| # |\n Today: 1\n## Pomodoro 2\nToday: 2",
-            " Today: 1\n## Pomodoro\n| # |\n| 4 | 09:30 | Go |\n**Today:** 4/8 completed\n## Pomodoro 2\n"
-            "**Today:** 4/8 completed");
-        row("entry", "hidden lines", "## Pomodoro\n---\nToday: 1\n| a |\n---\n| b |\n---\n| c |",
-            "## Pomodoro\n---\nToday: 1\n| a |\n---\n| b |\n| 4 | 09:30 | Go |\n---\n| c |");
-        row("entry", "below the last table line", "## Pomodoro\n| a |\ntext\n  |---|\nend",
-            "## Pomodoro\n| a |\ntext\n  |---|\n| 4 | 09:30 | Go |\nend");
-
-        row("task", "after the last one", "## Tasks\n- [ ] a\nx\n  - [x] b\n\n## Notes\n- [ ] c",
-            "## Tasks\n- [ ] a\nx\n  - [x] b\n- [ ] Go\n\n## Notes\n- [ ] c");
-        row("task", "below the heading", "## My TASKS\n\ntext", "## My TASKS\n- [ ] Go\n\ntext");
-        row("task", "a later section takes over", "## Tasks\n- [ ] a\n## Scheduled\nb",
-            "## Tasks\n- [ ] a\n## Scheduled\n- [ ] Go\nb");
-        row("task", "not once it has ended", "## Tasks\n## Notes\n## Tasks", "## Tasks\n- [ ] Go\n## Notes\n## Tasks");
-        row("task", "marks hide nothing", "---\n## Tasks\n---\n- [ ] a\n---",
-            "---\n## Tasks\n---\n- [ ] a\n- [ ] Go\n---");
-        row("task", "no section", "## Carryover\n- [ ] a\n# Tasks\n### Tasks\n##Tasks", "(can't be done)");
     }
 
     void edit()
     {
-        QFETCH(QString, kind);
-        QFETCH(QString, before);
-        const Edits::Lines lines = splitLines(before);
-        const QString go = QStringLiteral("Go");
-        QTEST(result(lines, kind == u"focus"   ? Edits::updateFocus(lines, go)
-                            : kind == u"entry" ? Edits::addPomodoroEntry(lines, 4, QStringLiteral("09:30"), go)
-                                               : Edits::addNewTask(lines, go)),
-              "after");
+        for (const auto& [kind, name, before, after] : editRows) {
+            const QString text = QString::fromUtf8(before);
+            const Edits::Lines lines = splitLines(text);
+            const QString go = QStringLiteral("Go");
+            const auto changes = *kind == 'f'   ? Edits::updateFocus(lines, go)
+                                 : *kind == 'e' ? Edits::addPomodoroEntry(lines, 4, QStringLiteral("09:30"), go)
+                                                : Edits::addNewTask(lines, go);
+            const QString found = result(lines, changes);
+            QVERIFY2(found == QString::fromUtf8(after), qPrintable(QLatin1String(name) + u'\n' + found));
+        }
     }
 
     void taskLine()

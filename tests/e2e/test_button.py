@@ -2,28 +2,19 @@
 # SPDX-License-Identifier: MIT
 """The round button that floats on the desktop."""
 
-import unittest
-
 from desktop.accessibility import Rectangle
-from desktop.case import DesktopCase
-from desktop.waiting import hold, wait_until
+from desktop.case import SetUpCase
+from desktop.waiting import hold, wait_for, wait_until
 
 SIDE = 56
 MARGIN = 12
+RIGHT, LOWER = (length - MARGIN - SIDE for length in SetUpCase.SIZE)
 ALL_DESKTOPS = "4294967295"
 
 
-class ButtonTest(DesktopCase):
-    def setUp(self):
-        super().setUp()
-        self.home.make_vault()
-        self.home.complete_setup()
-        self.right = self.SIZE[0] - MARGIN - SIDE
-        self.lower = self.SIZE[1] - MARGIN - SIDE
-
+class ButtonTest(SetUpCase):
     def wait_for_place(self, x, y):
-        wait_until(lambda: self.button().geometry == Rectangle(x, y, SIDE, SIDE),
-                   lambda: f"the button at {x}, {y}; it is at {self.button().geometry}")
+        wait_for(Rectangle(x, y, SIDE, SIDE), lambda: self.button().geometry)
 
     def drag_button_to(self, x, y):
         """Drags the button by its centre so that, without any limit, its corner would come to (x, y)."""
@@ -32,7 +23,7 @@ class ButtonTest(DesktopCase):
     def test_floats_in_the_corner_without_the_keyboard(self):
         bystander = self.start_bystander()
         self.start_with_button()
-        self.wait_for_place(self.right, self.lower)
+        self.wait_for_place(RIGHT, LOWER)
         hold(lambda: bystander.window.is_active, "the other window keeps the keyboard", 0.5)
 
         button = self.button()
@@ -41,15 +32,14 @@ class ButtonTest(DesktopCase):
         self.assertIn("input focus: False", button.property("WM_HINTS"))
         # What is told to a screen reader is where it really is.
         control = self.program.find("Flitmark Button", "push button")
-        wait_until(lambda: control.extents == button.geometry,
-                   lambda: f"{control.extents} to be the place, which is {button.geometry}")
+        wait_for(button.geometry, lambda: control.extents)
 
         self.screen.xdotool("set_desktop", 2)
         wait_until(lambda: button.is_on_screen, "the button on another desktop")
         self.screen.xdotool("set_desktop", 0)
 
         # Another window laid over its place stays below it.
-        self.screen.xdotool("windowmove", bystander.window.number, self.right - 100, self.lower - 100)
+        self.screen.xdotool("windowmove", bystander.window.number, RIGHT - 100, LOWER - 100)
         bystander.window.activate()
         order = self.screen.stacking()
         self.assertGreater(order.index(button), order.index(bystander.window))
@@ -68,17 +58,17 @@ class ButtonTest(DesktopCase):
         x, y = self.button().geometry.centre
         self.screen.drag((x, y), (x + 1, y))
         wait_until(self.panel_is_open, "the panel to open")
-        self.wait_for_place(self.right, self.lower)
+        self.wait_for_place(RIGHT, LOWER)
 
     def test_drag_moves_and_does_not_toggle(self):
         bystander = self.start_bystander()
         self.start_with_button()
-        self.wait_for_place(self.right, self.lower)
+        self.wait_for_place(RIGHT, LOWER)
         for wanted, place in [
             ((700, 300), (700, 300)),
             ((704, 300), (704, 300)),
-            ((1600, 400), (self.right, 400)),
-            ((800, 1200), (800, self.lower)),
+            ((1600, 400), (RIGHT, 400)),
+            ((800, 1200), (800, LOWER)),
             ((-300, -300), (MARGIN, MARGIN)),
         ]:
             with self.subTest(wanted=wanted):
@@ -91,27 +81,16 @@ class ButtonTest(DesktopCase):
         wait_until(self.panel_is_open, "the panel to open by a click after the drags")
         self.wait_for_place(MARGIN, MARGIN)
 
-    def test_starts_in_the_corner_again(self):
-        self.start_with_button()
-        self.wait_for_place(self.right, self.lower)
-        self.drag_button_to(500, 200)
-        self.wait_for_place(500, 200)
+        # The next start is in the corner again.
         self.program.stop()
         self.start_with_button()
-        self.wait_for_place(self.right, self.lower)
+        self.wait_for_place(RIGHT, LOWER)
 
 
-class SmallScreenButtonTest(DesktopCase):
+class SmallScreenButtonTest(SetUpCase):
     SIZE = (1024, 600)
     COMPOSITOR = True
 
     def test_corner_of_a_small_screen(self):
-        self.home.make_vault()
-        self.home.complete_setup()
         self.start_with_button()
-        wait_until(lambda: self.button().geometry == Rectangle(1024 - 68, 600 - 68, SIDE, SIDE),
-                   lambda: f"the corner; the button is at {self.button().geometry}")
-
-
-if __name__ == "__main__":
-    unittest.main()
+        wait_for(Rectangle(1024 - 68, 600 - 68, SIDE, SIDE), lambda: self.button().geometry)

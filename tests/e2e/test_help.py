@@ -3,21 +3,18 @@
 """The help window: every text of every section, read as a screen reader does."""
 
 import json
-import unittest
 from pathlib import Path
 
-from desktop.case import DesktopCase
+from desktop.case import SetUpCase
 from desktop.waiting import wait_until
 
 HELP = "Flitmark Help"
 TEXTS = json.loads((Path(__file__).parent / "help_texts.json").read_text())
 
 
-class HelpTest(DesktopCase):
+class HelpTest(SetUpCase):
     def setUp(self):
         super().setUp()
-        self.home.make_vault()
-        self.home.complete_setup()
         self.opened = self.desktop.folder / "opened"
         tools = self.desktop.folder / "tools"
         tools.mkdir()
@@ -89,7 +86,3 @@ class HelpTest(DesktopCase):
         self.screen.key("ctrl+a", "ctrl+c")
         wait_until(lambda: TEXTS["Overview"][-1] in self.screen.run("xclip", "-o", "-selection", "clipboard"),
                    "the texts in the clipboard")
-
-
-if __name__ == "__main__":
-    unittest.main()

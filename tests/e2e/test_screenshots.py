@@ -79,7 +79,3 @@ class ModeTest(DesktopCase):
         self.screen.window("Flitmark Setup")
         hold(lambda: self.program.is_running, "running on", 1.5)
         self.assertFalse((self.desktop.folder / "no.png").exists())
-
-
-if __name__ == "__main__":
-    unittest.main()

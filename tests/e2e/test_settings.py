@@ -2,21 +2,14 @@
 # SPDX-License-Identifier: MIT
 """The settings window: what "Done" stores, what takes effect, and what is dropped."""
 
-import unittest
-
-from desktop.case import DesktopCase
+from desktop.case import SetUpCase
 from desktop.waiting import wait_until
 
 TITLE = "Flitmark Settings"
 
 
-class SettingsTest(DesktopCase):
+class SettingsTest(SetUpCase):
     COMPOSITOR = True
-
-    def setUp(self):
-        super().setUp()
-        self.home.make_vault()
-        self.home.complete_setup()
 
     def open_settings(self, panel):
         panel.activate()
@@ -76,7 +69,3 @@ class SettingsTest(DesktopCase):
         self.screen.key("Escape")
         self.wait_for_focus("Add Quick Tag")
         self.assertTrue(window.is_on_screen)
-
-
-if __name__ == "__main__":
-    unittest.main()

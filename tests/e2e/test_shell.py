@@ -6,9 +6,8 @@ import os
 import signal
 import subprocess
 import time
-import unittest
 
-from desktop.case import DesktopCase
+from desktop.case import SetUpCase
 from desktop.screen import Screen
 from desktop.waiting import PATIENCE, hold, wait_until
 
@@ -17,12 +16,7 @@ PATH = "/org/flitmark/Flitmark"
 QUESTION = "Start Flitmark automatically?"
 
 
-class ShellTest(DesktopCase):
-    def setUp(self):
-        super().setUp()
-        self.home.make_vault()
-        self.home.complete_setup()
-
+class ShellTest(SetUpCase):
     def call(self, method, *arguments):
         """Calls the program on the session bus; gives the answer, empty for an error."""
         return self.screen.run("gdbus", "call", "--session", "--dest", NAME, "--object-path", PATH, "--method",
@@ -84,7 +78,7 @@ class ShellTest(DesktopCase):
         self.screen.window("Flitmark Button")
         wait_until(lambda: NAME in self.screen.run(
             "gdbus", "call", "--address", address, "--dest", "org.freedesktop.DBus", "--object-path", "/", "--method",
-            "org.freedesktop.DBus.ListNames") or True, "the bus")
+            "org.freedesktop.DBus.ListNames"), "the program on the bus")
         bus.kill()
         bus.wait()
         hold(lambda: self.program.is_running, "running on", 0.5)
@@ -125,11 +119,9 @@ class ShellTest(DesktopCase):
         self.assertTrue(all(line.startswith("Flitmark can't start: ") for line in lines), lines)
 
 
-class LoginTest(DesktopCase):
+class LoginTest(SetUpCase):
     def setUp(self):
         super().setUp()
-        self.home.make_vault()
-        self.home.complete_setup()
         self.home.forget_login_question()
 
     def test_asks_once_and_writes_an_entry_that_the_desktop_reads(self):
@@ -169,10 +161,8 @@ class LoginTest(DesktopCase):
         wait_until(lambda: not self.screen.windows("Auto-Start could not be enabled"), "the alert to leave")
 
 
-class WaylandTest(DesktopCase):
+class WaylandTest(SetUpCase):
     def test_captures_a_note_through_the_x_server_of_the_session(self):
-        self.home.make_vault()
-        self.home.complete_setup()
         session = self.desktop.start_wayland()
         self.screen = Screen(self.desktop.environment | session, (1280, 800))
         self.start_with_button(**session)
@@ -182,7 +172,3 @@ class WaylandTest(DesktopCase):
         self.wait_for_draft("From Wayland")
         self.program.find("Save", "push button").press()
         self.assertIn("From Wayland", self.wait_for_note().read_text())
-
-
-if __name__ == "__main__":
-    unittest.main()

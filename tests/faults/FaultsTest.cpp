@@ -3,7 +3,6 @@
 
 #include <capture/DraftManager.h>
 #include <capture/NoteManager.h>
-#include <support/OutputCapture.h>
 #include <support/TestServices.h>
 
 #include <sys/mount.h>
@@ -111,6 +110,7 @@ private Q_SLOTS:
         services.controller.startPomodoroTimer();
         QVERIFY(QDir(services.vault).removeRecursively());
         QVERIFY(!services.daily.toggleTask(4));
+        QCOMPARE(services.daily.lastError(), QStringLiteral("Failed to toggle task: No such file or directory"));
         QVERIFY(!services.daily.updateFocus(QStringLiteral("New")));
         QVERIFY(!QFileInfo::exists(services.vault));
         // A new thought is another matter: it gets its folder.

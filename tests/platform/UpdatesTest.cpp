@@ -37,35 +37,31 @@ QString newerOf(const std::vector<AppcastItem>& items)
     return newer ? newer->name + u' ' + newer->page.toString() : QString();
 }
 
-/// Answers every request with the same bytes and counts them.
-class Server final : public QTcpServer
+QByteArray okWith(const QByteArray& body)
 {
-public:
-    explicit Server(QByteArray answer)
-        : m_answer(std::move(answer))
+    const QByteArray length = QByteArray::number(body.size());
+    return "HTTP/1.1 200 OK\r\nConnection: close\r\nContent-Length: " + length + "\r\n\r\n" + body;
+}
+
+/// Answers every request with the same bytes and counts them.
+struct Server final : QTcpServer
+{
+    explicit Server(const QByteArray& answer)
     {
         listen(QHostAddress::LocalHost);
-        connect(this, &QTcpServer::newConnection, this, [this] {
+        connect(this, &QTcpServer::newConnection, this, [this, answer] {
             QTcpSocket* socket = nextPendingConnection();
             ++requests;
-            connect(socket, &QTcpSocket::readyRead, socket, [this, socket] {
-                socket->write(m_answer);
-                if (!m_answer.isEmpty()) {
+            connect(socket, &QTcpSocket::readyRead, socket, [socket, answer] {
+                socket->write(answer);
+                if (!answer.isEmpty()) {
                     socket->disconnectFromHost();
                 }
             });
         });
     }
-    static QByteArray ok(const QByteArray& body)
-    {
-        return "HTTP/1.1 200 OK\r\nConnection: close\r\nContent-Length: " + QByteArray::number(body.size()) +
-               "\r\n\r\n" + body;
-    }
 
     int requests = 0;
-
-private:
-    QByteArray m_answer;
 };
 
 /// An updater of version 1.2 that asks `server` on this computer.
@@ -134,10 +130,10 @@ private Q_SLOTS:
         };
         const QByteArray notes("<description><![CDATA[<p>A <b>bold</b> step</p>]]></description>");
         for (const auto& [answer, expected] : {
-                 std::pair(Server::ok(feedOf(itemOf("1.3", notes))), "1.3 A bold step"),
-                 {Server::ok(feedOf(itemOf("1.0"))), "up to date"},
-                 {Server::ok("<rss"), "makes no sense"},
-                 {Server::ok(QByteArray(2 * 1024 * 1024, ' ')), "too long"},
+                 std::pair(okWith(feedOf(itemOf("1.3", notes))), "1.3 A bold step"),
+                 {okWith(feedOf(itemOf("1.0"))), "up to date"},
+                 {okWith("<rss"), "makes no sense"},
+                 {okWith(QByteArray(2 * 1024 * 1024, ' ')), "too long"},
                  {moved("http://localhost/feed"), "unsafe address"},
                  {moved("/feed"), "The update feed"},
                  {"HTTP/1.1 404 Not Found\r\nConnection: close\r\nContent-Length: 0\r\n\r\n", "can't be reached"},
@@ -173,7 +169,7 @@ private Q_SLOTS:
 
     void automaticCheck_comesOnceADayAndTellsOfAVersionOnce()
     {
-        const Server server(Server::ok(feedOf(itemOf("1.3"))));
+        const Server server(okWith(feedOf(itemOf("1.3"))));
         Client client(server);
         QSignalSpy attention(&client.updater, &Updater::attentionAsked);
         const AppUpdateController controller(client.updater);

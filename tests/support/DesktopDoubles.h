@@ -5,7 +5,6 @@
 
 #include <platform/Dialogs.h>
 #include <platform/KeyMonitor.h>
-#include <platform/LoginService.h>
 #include <platform/Screens.h>
 #include <platform/Updater.h>
 #include <platform/UserDefaults.h>
@@ -73,28 +72,6 @@ public:
     void start() override {}
     State state() const override { return current; }
     void giveTypingTo(WindowId) override {}
-};
-
-/// A login service whose changes fail with `failure` unless it is empty.
-class FakeLoginService final : public LoginService
-{
-public:
-    Status current = Status::NotRegistered;
-    QString failure;
-
-    Status status() const override { return current; }
-    Outcome registerProgram() override { return change(Status::Enabled); }
-    Outcome unregisterProgram() override { return change(Status::NotRegistered); }
-
-private:
-    Outcome change(Status status)
-    {
-        if (!failure.isEmpty()) {
-            return tl::unexpected(failure);
-        }
-        current = status;
-        return {};
-    }
 };
 
 /// Defaults kept in memory.

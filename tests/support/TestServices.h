@@ -44,11 +44,16 @@ public:
     QByteArray dailyFocus() const { return readTestFile(signalManager.dailyFocusURL()); }
     QString focus() const { return daily.todayNote().focus; }
 
+    template<typename Change>
+    void changeCoach(Change change)
+    {
+        CoachConfig changed = signalManager.coachConfig();
+        change(changed);
+        signalManager.setCoachConfig(changed);
+    }
     void setInterval(qint64 minutes)
     {
-        CoachConfig coach = signalManager.coachConfig();
-        coach.pomodoroIntervalMinutes = minutes;
-        signalManager.setCoachConfig(coach);
+        changeCoach([minutes](CoachConfig& coach) { coach.pomodoroIntervalMinutes = minutes; });
     }
 
     QTemporaryDir folder;

@@ -23,14 +23,6 @@ using namespace flitmark;
 
 namespace {
 
-RowContent rowContent(const QString& title, const QString& second = {})
-{
-    RowContent content;
-    content.title = title;
-    content.second = second;
-    return content;
-}
-
 /// A window with `widgets` in a column, shown and active.
 std::unique_ptr<QWidget> windowOf(const QList<QWidget*>& widgets)
 {
@@ -67,17 +59,20 @@ private Q_SLOTS:
     {
         const QString name = QStringLiteral("R&D & more");
         const QString second = QStringLiteral("/home/mara/Q&A");
+        RowContent row;
+        row.title = name;
+        row.second = second;
         // Return belongs to the view in which a thing to check stands.
         const std::tuple<QWidget*, QAccessible::Role, QString, int> rows[] = {
             {new Button(name), QAccessible::Button, {}, 3},
             {new IconButton(name), QAccessible::Button, {}, 3},
-            {new ActionRow(rowContent(name, second)), QAccessible::Button, second, 3},
+            {new ActionRow(row), QAccessible::Button, second, 3},
             {new ChipButton(QStringLiteral("🔥"), name), QAccessible::CheckBox, {}, 1},
             {new CheckBox(name), QAccessible::CheckBox, {}, 1},
             {new Switch(name), QAccessible::CheckBox, {}, 1},
             {new Slider(name, 0, 10, 1), QAccessible::Slider, {}, 0},
             {new TextArea(name, 96), QAccessible::EditableText, {}, 0},
-            {new ListRow(rowContent(name, second)), QAccessible::RadioButton, second, -1},
+            {new ListRow(row), QAccessible::RadioButton, second, -1},
             {new TextField(name), QAccessible::EditableText, {}, 0},
             {new Label(name), QAccessible::StaticText, {}, 0},
             {new Badge(name), QAccessible::StaticText, {}, 0},
@@ -127,31 +122,21 @@ private Q_SLOTS:
         QTest::keyClick(first, Qt::Key_Space);
         QVERIFY(showsColor(*first, ring));
     }
-    void tabsAndRowsAreOneStopEach()
+    void tabsAreOneStop()
     {
         auto* tabs = new SegmentedTabs;
         tabs->add(QStringLiteral("New"));
         tabs->add(QStringLiteral("Browse"));
-        QList<QWidget*> rows;
-        for (const char* title : {"Garden", "Notes", "Work"}) {
-            rows.append(new ListRow(rowContent(QLatin1String(title))));
-        }
-        const auto window = windowOf({tabs, windowOf(rows).release()});
+        const auto window = windowOf({tabs, new Button(QStringLiteral("Next"))});
         const QList<QPushButton*> segments = tabs->findChildren<QPushButton*>();
         segments[1]->setFocus(Qt::TabFocusReason);
         QTest::keyClick(segments[1], Qt::Key_Left);
         QVERIFY(segments[0]->hasFocus());
         QCOMPARE(tabs->currentIndex(), 0);
         QVERIFY(QAccessible::queryAccessibleInterface(segments[0])->state().checked);
-        QTest::mouseClick(rows[0], Qt::LeftButton);
         segments[0]->setFocus();
         QTest::keyClick(segments[0], Qt::Key_Tab);
-        QVERIFY(rows[0]->hasFocus());
-        QTest::keyClick(rows[0], Qt::Key_Down);
-        QVERIFY(rows[1]->hasFocus());
-        QVERIFY(static_cast<ListRow*>(rows[1])->isChecked());
-        QTest::keyClick(rows[1], Qt::Key_Tab);
-        QVERIFY(!rows[2]->hasFocus());
+        QVERIFY(!segments[1]->hasFocus());
     }
 };
 

@@ -35,20 +35,18 @@ private Q_SLOTS:
 
     void findsEmoji()
     {
-        struct Row
-        {
-            QString text;
-            const char* found;
-            int preferred;
-        };
-        for (const auto& [text, expected, preferred] :
-             {Row{QStringLiteral("Plain #1 text*"), "", 0}, Row{QStringLiteral("Write 🍅🍅"), "6+2 8+2", 2},
-              // Key signs are text, and so is a heart unless it is told to be an emoji, or the contrary.
-              Row{QStringLiteral("⌥N ✓ →"), "", 3}, Row{QStringLiteral("❤ ❤️"), "2+2", 2},
-              Row{QStringLiteral("☔︎"), "", 0},
-              Row{QStringLiteral("🇩🇪 👍🏽 1️⃣"), "0+2 2+2 5+4 10+3", 4},
-              // A family joined; a joiner at the end.
-              Row{QStringLiteral("👩‍👧x"), "0+5", 1}, Row{QStringLiteral("🍅‍"), "0+2", 1}}) {
+        for (const auto& [text, expected, preferred] : {
+                 std::tuple(QStringLiteral("Plain #1 text*"), "", 0),
+                 {QStringLiteral("Write 🍅🍅"), "6+2 8+2", 2},
+                 // Key signs are text, and so is a heart unless it is told to be an emoji, or the contrary.
+                 {QStringLiteral("⌥N ✓ →"), "", 3},
+                 {QStringLiteral("❤ ❤️"), "2+2", 2},
+                 {QStringLiteral("☔︎"), "", 0},
+                 {QStringLiteral("🇩🇪 👍🏽 1️⃣"), "0+2 2+2 5+4 10+3", 4},
+                 // A family joined; a joiner at the end.
+                 {QStringLiteral("👩‍👧x"), "0+5", 1},
+                 {QStringLiteral("🍅‍"), "0+2", 1},
+             }) {
             const QFont font = fontOf(TextRole::Body);
             QStringList found;
             for (const QTextLayout::FormatRange& format : emojiFormats(text, font)) {

@@ -44,6 +44,14 @@ class Gone(Exception):
     """The control is no longer there."""
 
 
+def unless_gone(ask, otherwise=None):
+    """What `ask()` gives; `otherwise` when a control has left meanwhile."""
+    try:
+        return ask()
+    except Gone:
+        return otherwise
+
+
 @dataclass(frozen=True)
 class Rectangle:
     """A place on the screen, in its pixels, origin top left."""
@@ -87,10 +95,7 @@ def _connection(address):
 
 def applications(connection):
     """The root of each accessible application on the bus."""
-    try:
-        return Accessible(connection, _REGISTRY, _ROOT).children
-    except Gone:
-        return []
+    return unless_gone(lambda: Accessible(connection, _REGISTRY, _ROOT).children, [])
 
 
 class Accessible:
@@ -109,10 +114,7 @@ class Accessible:
         return hash((self.owner, self._path))
 
     def __repr__(self):
-        try:
-            return f'{self.role} "{self.name}"'
-        except Gone:
-            return "a control that has gone"
+        return unless_gone(lambda: f'{self.role} "{self.name}"', "a control that has gone")
 
     def _call(self, interface, method, arguments=None, reply="(a(so))"):
         try:
@@ -166,6 +168,10 @@ class Accessible:
     def has(self, state):
         return state in self.states
 
+    def is_called(self, name, role):
+        """Whether it has this name and this role; None stands for any."""
+        return (name is None or self.name == name) and (role is None or self.role == role)
+
     @property
     def extents(self):
         """The control's place as the program believes it to be; see `Program.place_of`."""
@@ -176,10 +182,8 @@ class Accessible:
     @property
     def text(self):
         """The text of an editor or field; the name of anything else, as a label shows it."""
-        try:
-            return self._call(_TEXT, "GetText", GLib.Variant("(ii)", (0, -1)), "(s)")[0]
-        except Gone:
-            return self.name
+        texts = unless_gone(lambda: self._call(_TEXT, "GetText", GLib.Variant("(ii)", (0, -1)), "(s)"))
+        return texts[0] if texts is not None else self.name
 
     def set_text(self, text):
         """Replaces the text as an input aid would, without the keyboard."""
@@ -192,38 +196,18 @@ class Accessible:
     def walk(self, depth=0):
         """This control and all below it that are on screen, outermost first, as (depth, control)."""
         yield depth, self
-        try:
-            children = self.children
-        except Gone:
-            return
-        for child in children:
-            try:
-                showing = child.has("showing")
-            except Gone:
-                continue
-            if showing:
+        for child in unless_gone(lambda: self.children, []):
+            if unless_gone(lambda: child.has("showing")):
                 yield from child.walk(depth + 1)
 
     def find_all(self, name=None, role=None):
         """The controls on screen below this one that have this name and role."""
-        found = []
-        for depth, control in self.walk():
-            try:
-                if depth > 0 and (name is None or control.name == name) and (role is None or control.role == role):
-                    found.append(control)
-            except Gone:
-                continue
-        return found
+        return [control for depth, control in self.walk()
+                if depth > 0 and unless_gone(lambda: control.is_called(name, role))]
 
     def tree(self):
         """This control and all below it as indented lines, for people."""
-        lines = []
-        for depth, control in self.walk():
-            try:
-                line = f'{"  " * depth}{control.role} "{control.name}"'
-                if control.description:
-                    line += f' ({control.description})'
-                lines.append(f'{line} {control.extents} {" ".join(sorted(control.states))}')
-            except Gone:
-                lines.append("  " * depth + "(gone)")
-        return "\n".join(lines)
+        def line(control):
+            return f"{control} ({control.description}) {control.extents} {' '.join(sorted(control.states))}"
+
+        return "\n".join("  " * depth + unless_gone(lambda: line(control), "(gone)") for depth, control in self.walk())

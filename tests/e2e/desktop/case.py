@@ -12,7 +12,7 @@ from .bystander import Bystander
 from .desktop import Desktop
 from .home import Home
 from .program import Program
-from .waiting import wait_until
+from .waiting import wait_for, wait_until
 
 ARTIFACTS = Path(os.environ.get("FLITMARK_E2E_ARTIFACTS", "e2e-artifacts"))
 
@@ -39,7 +39,7 @@ class DesktopCase(unittest.TestCase):
         self.screen = self.desktop.screen
         self.home = Home(self.desktop.folder / "user")
         self.program = None
-        self.artifacts = ARTIFACTS / self.id().removeprefix("__main__.")
+        self.artifacts = ARTIFACTS / self.id()
         shutil.rmtree(self.artifacts, ignore_errors=True)
 
     def start(self, clock=None, **variables):
@@ -92,11 +92,10 @@ class DesktopCase(unittest.TestCase):
     def wait_for_text(self, text):
         """Waits until the note editor holds exactly this text."""
         editor = self.editor()
-        wait_until(lambda: editor.text == text, lambda: f"{text!r} in the editor, which holds {editor.text!r}")
+        wait_for(text, lambda: editor.text)
 
     def wait_for_draft(self, text):
-        wait_until(lambda: self.home.draft().get("content", "") == text,
-                   lambda: f"{text!r} in the draft, which is {self.home.draft()}")
+        wait_for(text, lambda: self.home.draft().get("content", ""))
 
     def check_output(self):
         """Fails when the program ended by itself or complained about its own working."""
@@ -120,6 +119,17 @@ class DesktopCase(unittest.TestCase):
     def wait_for_note(self, folder="Inbox"):
         """The path of the first note in the folder of the vault, as soon as it is there."""
         return wait_until(lambda: self.home.notes(folder), f"a note in {folder}")[0]
+
+
+class SetUpCase(DesktopCase):
+    """The user has a vault and finished the set-up, with `SETTINGS` instead of the defaults."""
+
+    SETTINGS = {}
+
+    def setUp(self):
+        super().setUp()
+        self.home.make_vault()
+        self.home.complete_setup(**self.SETTINGS)
 
 
 def _leaving_evidence(test):

@@ -38,9 +38,8 @@ _NOT_INHERITED = ("DBUS_", "DISPLAY", "WAYLAND_", "XDG_", "XAUTHORITY", "SESSION
 class Desktop:
     """The desktop, running from `start` until `stop`. `environment` is what programs on it are to be started with."""
 
-    def __init__(self, size=(1440, 900), dpi=96, compositor=False):
+    def __init__(self, size=(1440, 900), compositor=False):
         self._size = size
-        self._dpi = dpi
         self._compositor = compositor
         self._children = []
         self._accessibility = None
@@ -91,7 +90,7 @@ class Desktop:
     def _start_server(self):
         width, height = self._size
         child = self._start(
-            "Xvfb", "-displayfd", "1", "-screen", "0", f"{width}x{height}x24", "-dpi", str(self._dpi),
+            "Xvfb", "-displayfd", "1", "-screen", "0", f"{width}x{height}x24", "-dpi", "96",
             "-nolisten", "tcp", "-noreset", stdout=subprocess.PIPE, text=True)
         self._server = child
         return ":" + _first_line(child, "Xvfb")
@@ -108,13 +107,11 @@ class Desktop:
         shutil.copy(_ACCESSIBILITY_SERVICE, services)
         configuration = self.folder / "bus.conf"
         configuration.write_text(_BUS_CONFIGURATION.format(folder=self.folder / "runtime", services=services))
-        child = self._start("dbus-daemon", f"--config-file={configuration}", "--nofork", "--nopidfile",
-                            "--print-address=1", stdout=subprocess.PIPE, text=True)
-        return _first_line(child, "dbus-daemon")
+        return self.start_bus(f"--config-file={configuration}")[1]
 
-    def start_bus(self):
-        """Starts a further session bus and gives its process and address."""
-        child = self._start("dbus-daemon", "--session", "--nofork", "--nopidfile", "--print-address=1",
+    def start_bus(self, kind="--session"):
+        """Starts a session bus, a further one by default, and gives its process and address."""
+        child = self._start("dbus-daemon", kind, "--nofork", "--nopidfile", "--print-address=1",
                             stdout=subprocess.PIPE, text=True)
         return child, _first_line(child, "dbus-daemon")
 

@@ -2,6 +2,7 @@
 # SPDX-License-Identifier: MIT
 """Child processes that never outlive the test, however it ends."""
 
+import contextlib
 import ctypes
 import os
 import signal
@@ -46,44 +47,16 @@ def stop(process, patience=3.0):
 
 
 def end_orphans(marker, patience=3.0):
-    """Ends every adopted process whose environment holds `marker` ("NAME=value"), and reaps those that have ended."""
+    """Ends every process whose environment holds `marker` ("NAME=value"), and reaps those that have been adopted."""
     deadline = time.monotonic() + patience
-    while True:
-        alive = [pid for pid in _descendants() if _is_marked(pid, marker.encode())]
+    while alive := [int(pid) for pid in os.listdir("/proc") if pid.isdigit() and _is_marked(pid, marker.encode())]:
         for pid in alive:
-            _signal(pid, signal.SIGTERM if time.monotonic() < deadline else signal.SIGKILL)
-        _reap_orphans()
-        if not alive:
-            break
+            with contextlib.suppress(ProcessLookupError):
+                os.kill(pid, signal.SIGTERM if time.monotonic() < deadline else signal.SIGKILL)
         time.sleep(0.01)
-
-
-def _status_fields(pid):
-    """State and parent of a process, or nothing when it has gone."""
-    try:
-        with open(f"/proc/{pid}/stat", "rb") as file:
-            state, parent = file.read().rpartition(b")")[2].split()[:2]
-    except OSError:
-        return None
-    return state, int(parent)
-
-
-def _all_processes():
-    listed = {int(entry): _status_fields(entry) for entry in os.listdir("/proc") if entry.isdigit()}
-    return {pid: fields for pid, fields in listed.items() if fields is not None}
-
-
-def _descendants():
-    listed = _all_processes()
-
-    def descends(pid):
-        while pid in listed:
-            pid = listed[pid][1]
-            if pid == os.getpid():
-                return True
-        return False
-
-    return [pid for pid in listed if descends(pid)]
+    with contextlib.suppress(ChildProcessError):
+        while os.waitpid(-1, os.WNOHANG)[0]:
+            pass
 
 
 def _is_marked(pid, marker):
@@ -92,19 +65,3 @@ def _is_marked(pid, marker):
             return marker in file.read().split(b"\0")
     except OSError:
         return False
-
-
-def _signal(pid, number):
-    try:
-        os.kill(pid, number)
-    except ProcessLookupError:
-        pass
-
-
-def _reap_orphans():
-    for pid, (state, parent) in _all_processes().items():
-        if state == b"Z" and parent == os.getpid():
-            try:
-                os.waitpid(pid, os.WNOHANG)
-            except ChildProcessError:
-                pass

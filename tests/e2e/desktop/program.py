@@ -11,7 +11,7 @@ from pathlib import Path
 from zoneinfo import ZoneInfo
 
 from . import accessibility, processes
-from .accessibility import Gone, Rectangle
+from .accessibility import Gone, Rectangle, unless_gone
 from .waiting import NotInTime, wait_until
 
 _FAKE_TIME_LIBRARIES = "faketime/libfaketimeMT.so.1"
@@ -119,13 +119,9 @@ class Program:
     # Controls
 
     def _root(self):
-        for application in accessibility.applications(self._desktop.accessibility):
-            try:
-                if application.process_id == self._process.pid:
-                    return application
-            except Gone:
-                continue
-        return None
+        own = (application for application in accessibility.applications(self._desktop.accessibility)
+               if unless_gone(lambda: application.process_id == self._process.pid))
+        return next(own, None)
 
     def tree(self):
         """All controls on screen, for people."""
@@ -134,12 +130,11 @@ class Program:
 
     def find_all(self, name=None, role=None, window=None):
         """The controls on screen with this name and role, in the window of this title."""
+        root = self._root()
         try:
-            root = self._root()
-            windows = root.children if root else []
-            return [control for top in windows if top.has("showing") and window in (None, top.name)
-                    for control in [top, *top.find_all()]
-                    if (name is None or control.name == name) and (role is None or control.role == role)]
+            return [control for top in (root.children if root else [])
+                    if top.has("showing") and window in (None, top.name)
+                    for control in [top, *top.find_all()] if control.is_called(name, role)]
         except Gone:
             return []
 
@@ -154,13 +149,7 @@ class Program:
 
     def focused(self):
         """The control that has the keyboard, or None."""
-        for control in self.find_all():
-            try:
-                if control.has("focused"):
-                    return control
-            except Gone:
-                continue
-        return None
+        return next((control for control in self.find_all() if unless_gone(lambda: control.has("focused"))), None)
 
     def place_of(self, control):
         """Where the control is on screen. Its place inside its window is the program's word, the window's own place the

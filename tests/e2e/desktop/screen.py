@@ -68,9 +68,6 @@ class Screen:
 
     # Pointer and keys
 
-    def move_to(self, x, y):
-        self.xdotool("mousemove", "--sync", x, y)
-
     def click(self, x, y, button=1):
         self.xdotool("mousemove", x, y, "click", button)
 

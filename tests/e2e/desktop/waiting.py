@@ -28,6 +28,11 @@ def wait_until(condition, what, timeout=10.0):
         time.sleep(POLL_SECONDS)
 
 
+def wait_for(expected, ask, timeout=10.0):
+    """Waits until `ask()` gives what is expected."""
+    wait_until(lambda: ask() == expected, lambda: f"{expected!r}; it is {ask()!r}", timeout)
+
+
 def hold(condition, what, seconds):
     """Fails as soon as `condition()` is false within the next `seconds`; for things that must not happen."""
     deadline = time.monotonic() + seconds

@@ -14,7 +14,7 @@
 
 using namespace flitmark;
 
-class SetupWizardViewTest final : public QObject
+class SetupWizardTest final : public QObject
 {
     Q_OBJECT
 
@@ -30,6 +30,7 @@ private Q_SLOTS:
     {
         openWizard(0, SetupWizardModel::welcomeStep);
         QTest::keyClick(m_view.get(), Qt::Key_Return);
+        type(field("Subfolder"), {});
         QTest::keyClick(field("Subfolder"), Qt::Key_Return);
         QCOMPARE(m_model->currentStep(), SetupWizardModel::vaultStep);
         click("Use custom folder path");
@@ -52,6 +53,8 @@ private Q_SLOTS:
         QCOMPARE(m_model->currentStep(), SetupWizardModel::finishStep);
         press(Qt::Key_Return);
         QVERIFY(m_config->config().hasCompletedSetup);
+        QCOMPARE(m_config->config().vaultPath, QStringLiteral("/v"));
+        QCOMPARE(m_config->config().saveSubfolder, QStringLiteral("Inbox"));
     }
 
     void tab_reachesEveryControlByNameAndRole()
@@ -83,18 +86,30 @@ private Q_SLOTS:
         }
     }
 
-    void customPath_takesOver()
+    void customPath_takesOverAndSaysWhatIsWrongWithIt()
     {
         openWizard(2, SetupWizardModel::vaultStep);
         click("Use custom folder path");
         QVERIFY(!find<QAbstractButton>("Vault 1")->isChecked() && field("Vault path")->hasFocus());
+        const char* const relative = "This is not a full path: it has to begin with a slash.";
+        for (const auto& [path, problem] : {
+                 std::pair("", "Choose the folder of your vault."),
+                 {"/usr", ""},
+                 {"Notes", relative},
+                 {"~/Notes", relative},
+                 {"/missing", "There is no folder at this path."},
+                 {"/etc/passwd", "This is a file, not a folder."},
+             }) {
+            m_model->setCustomVaultPath(QString::fromLatin1(path));
+            QCOMPARE(m_model->vaultPathProblem(), QLatin1String(problem));
+            QVERIFY(*path == 0 || *problem == 0 || shows(QLatin1String(problem)));
+            QCOMPARE(find<QAbstractButton>("Next")->isEnabled(), *path != 0);
+        }
         type(field("Vault path"), QStringLiteral("/no/such"));
         // Typing in the middle leaves the caret where it is.
         field("Vault path")->setCursorPosition(3);
         QTest::keyClicks(field("Vault path"), QStringLiteral("xy"));
         QCOMPARE(field("Vault path")->cursorPosition(), 5);
-        QVERIFY(shows(m_model->vaultPathProblem()));
-
         click("Vault 1"); // counts again; the path that was typed is kept
         QCOMPARE(m_model->getFinalVaultPath(), m_home->filePath(QStringLiteral("Vault 1")));
         click("Use custom folder path");
@@ -103,7 +118,7 @@ private Q_SLOTS:
         click("Browse");
         QCOMPARE(field("Vault path")->text(), m_home->path());
     }
-    void tagRows_keepTheFocus()
+    void tagRows_keepTheFocusAndMayAllGo()
     {
         openWizard(1, SetupWizardModel::quickTagsStep);
         auto* star = find<QAbstractButton>("Set as default", 2);
@@ -118,6 +133,10 @@ private Q_SLOTS:
         }
         press(Qt::Key_Space);
         QCOMPARE(spoken(QApplication::focusWidget()), QStringLiteral("New tag icon"));
+        m_model->setSaveSubfolder(QStringLiteral(" ")); // not empty, so it is kept
+        m_model->finishSetup();
+        QVERIFY(m_config->config().quickTags.isEmpty());
+        QCOMPARE(m_config->config().saveSubfolder, QStringLiteral(" "));
     }
     void manyVaults_areChosenByArrowsAndScroll()
     {
@@ -185,5 +204,5 @@ private:
     std::unique_ptr<SetupWizardView> m_view;
 };
 
-QTEST_MAIN(SetupWizardViewTest)
-#include "SetupWizardViewTest.moc"
+QTEST_MAIN(SetupWizardTest)
+#include "SetupWizardTest.moc"

@@ -69,15 +69,15 @@ public:
     bool says(const char* text) { return visibleTexts(host).contains(QString::fromUtf8(text)); }
 
     TestServices services;
-    DailyTabModel model{DailyTabModel::Services{services.daily, services.signalManager, services.controller,
-                                                services.notifications, services.loop}};
+    DailyTabModel model{
+        {services.daily, services.signalManager, services.controller, services.notifications, services.loop}};
     QWidget host;
     DailyTabView* view = new DailyTabView(model, host);
 };
 
 } // namespace
 
-class DailyTabViewTest final : public QObject
+class DailyTabTest final : public QObject
 {
     Q_OBJECT
 
@@ -88,6 +88,12 @@ private Q_SLOTS:
         for (const char* text : {"Ship it", "Publish visuals", "+3", "Visuals first?", "✅ first"}) {
             QVERIFY2(tab.says(text), text);
         }
+        QCOMPARE(tab.model.workDone().first(), QStringLiteral("✅ second")); // the newest
+        QStringList rows;
+        for (const TaskPickerRow& row : tab.model.pickerRows()) {
+            rows.append(row.text.section(u' ', 0, 0) + row.tomatoes);
+        }
+        QCOMPARE(rows.join(u'|'), QStringLiteral("Publish|Deep🍅🍅🍅🍅🍅+4"));
         QCOMPARE(allNamed<QPushButton>(tab.host, removeTooltip).size(), 2 + 6);
         // What is done is not started.
         QCOMPARE(allNamed<QPushButton>(tab.host, QStringLiteral("Start Pomodoro for this task")).size(), 2);
@@ -101,12 +107,46 @@ private Q_SLOTS:
         Tab tab;
         tab.click("Add task");
         auto* field = tab.find<QLineEdit>("New task");
+        QTest::keyClicks(field, QStringLiteral("  "));
         tab.press(Qt::Key_Return);
         QVERIFY(field->isVisible() && field->hasFocus());
-        QTest::keyClicks(field, QStringLiteral("Buy milk"));
+        QTest::keyClicks(field, QStringLiteral("Buy milk "));
         tab.press(Qt::Key_Return);
-        QVERIFY(tab.services.note().contains("- [ ] Buy milk\n"));
+        QCOMPARE(tab.services.note(), QByteArray(plainNote).replace("\n\n## Coach", "\n- [ ] Buy milk\n\n## Coach"));
         QVERIFY(!field->isVisible() && tab.find("Add task")->hasFocus());
+    }
+
+    void blankFocus_isNotWritten()
+    {
+        Tab tab;
+        tab.model.markFocusDone();
+        QCOMPARE(tab.model.editedFocus(), QString());
+        tab.model.setEditedFocus(QStringLiteral(" \t "));
+        tab.model.saveFocus();
+        QVERIFY(!tab.model.isSettingNewFocus());
+        QCOMPARE(tab.services.note(), plainNote);
+    }
+
+    void pomodoro_creditsItsTask()
+    {
+        Tab tab;
+        tab.model.startPomodoro(6);
+        tab.click("Start Pomodoro for this task"); // the first of them
+        tab.services.loop.advance(40min);
+        const QByteArray credited = QByteArray(plainNote).replace("visuals\n-", "visuals 🍅 🍅\n-");
+        QCOMPARE(tab.services.note(), credited);
+        tab.model.stopPomodoro();
+        Q_EMIT tab.services.notifications.pomodoroCompleted();
+        tab.model.startPomodoro(5);
+        tab.model.tabHidden();
+        tab.services.loop.advance(20min);
+        QCOMPARE(tab.services.note(), credited);
+        QCOMPARE(tab.model.activeTaskLineNumber(), std::optional<qint64>(5));
+
+        tab.model.tabShown();
+        QVERIFY(QFile::remove(tab.services.notePath));
+        tab.services.loop.advance(20min);
+        QVERIFY(!QFileInfo::exists(tab.services.notePath) && tab.services.controller.isRunning());
     }
 
     void typing_survivesAReload()
@@ -207,5 +247,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(DailyTabViewTest)
-#include "DailyTabViewTest.moc"
+QTEST_MAIN(DailyTabTest)
+#include "DailyTabTest.moc"

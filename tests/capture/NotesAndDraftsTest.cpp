@@ -1,27 +1,28 @@
 // SPDX-FileCopyrightText: 2026 The Flitmark authors
 // SPDX-License-Identifier: MIT
 
+#include <capture/DraftManager.h>
 #include <capture/NoteManager.h>
 #include <support/TestServices.h>
 
 using namespace flitmark;
 
-class NoteManagerTest final : public QObject
+namespace {
+
+struct Stage : TestServices
+{
+    NoteManager notes{config, loop, sound};
+};
+
+} // namespace
+
+class NotesAndDraftsTest final : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        m_manager.reset();
-        m_services = std::make_unique<TestServices>();
-        m_manager = std::make_unique<NoteManager>(m_services->config, m_services->loop, m_services->sound);
-    }
-    void cleanupTestCase()
-    {
-        m_manager.reset();
-        m_services.reset();
-    }
+    void init() { m_services = std::make_unique<Stage>(); }
+    void cleanup() { m_services.reset(); }
     void save_writesOneFile()
     {
         const QString inbox = m_services->vault + QStringLiteral("/Inbox");
@@ -81,15 +82,76 @@ private Q_SLOTS:
         QVERIFY(!QFileInfo::exists(m_services->folder.filePath(QStringLiteral("outside"))));
     }
 
-private:
-    tl::expected<QString, FileError> save(const QString& content, const char* noteType = "Fleeting")
+    void draft_isRestored_andBlankTextClears()
     {
-        return m_manager->save(QString(), content, QString::fromUtf8(noteType));
+        const auto manager = makeDrafts();
+        const QString text = QStringLiteral(u" a/\"b\"\\\r\n\t\U0001F4A1\u2028\u0001 ");
+        for (const char16_t* blank : {u"", u"  \t", u"\r\n\u2028 \u00a0\n"}) {
+            manager->save(text, {}, m_type);
+            QCOMPARE(draftFiles(), QStringLiteral(".draft.json"));
+            QCOMPARE(makeDrafts()->currentDraft()->content, text);
+            manager->save(QString::fromUtf16(blank), {}, m_type);
+            QVERIFY(!manager->currentDraft() && draftFiles().isEmpty());
+        }
+        manager->save({}, QStringLiteral("title alone"), m_type);
+        QCOMPARE(makeDrafts()->currentDraft()->title, QStringLiteral("title alone"));
+    }
+    void draft_badFile_isNoneAndIsKept()
+    {
+        for (const auto& [bytes, hint] : {
+                 std::pair("", "not valid JSON"),
+                 {R"({"content": "an hour of work")", "not valid JSON"},
+                 {R"(["a"])", "not an object"},
+                 {R"({"content": "a", "title": "", "timestamp": "2026-01-22T14:03:05Z"})", "\"noteType\" is missing"},
+                 {R"({"content": null, "title": "", "noteType": "F"})", "\"content\" is not a string"},
+                 {R"({"content": "a", "title": "", "noteType": "F", "timestamp": 7})", "\"timestamp\""},
+                 {R"({"content": "a", "title": "", "noteType": "F", "timestamp": "2026-13-22T14:03:05Z"})", "is not"},
+                 {R"({"content": "a", "title": "", "noteType": "F", "timestamp": "2026-01-22T14:03:05"})", "is not"},
+             }) {
+            for (const QString& typed : {QStringLiteral("new text"), QString()}) {
+                writeTestFile(draftPath(), bytes);
+                OutputCapture output;
+                const auto manager = makeDrafts();
+                QVERIFY2(!manager->currentDraft(), bytes);
+                const QString line = output.lines().join(u'|');
+                QVERIFY2(line.startsWith(QStringLiteral("Failed to load draft: ")), bytes);
+                QVERIFY2(line.contains(QString::fromLatin1(hint)), qPrintable(line));
+                QCOMPARE(readTestFile(draftPath()), QByteArray(bytes));
+                manager->save(typed, {}, m_type);
+                manager->save(typed, {}, m_type);
+                QCOMPARE(readTestFile(draftPath() + QStringLiteral(".unreadable")), QByteArray(bytes));
+                QCOMPARE(makeDrafts()->currentDraft().value_or(Draft()).content, typed);
+            }
+        }
+    }
+    void draft_foreignTimestamps_areRead()
+    {
+        for (const char* time : {"2026-01-22T14:03:05Z", "2026-01-22T14:03:05.000Z", "2026-01-22T15:03:05+01:00"}) {
+            const QByteArray file = R"({"content": "a", "title": "", "noteType": "F", "timestamp": "@"})";
+            writeTestFile(draftPath(), QByteArray(file).replace("@", time));
+            QCOMPARE(makeDrafts()->currentDraft()->timestamp, QDateTime(QDate(2026, 1, 22), QTime(14, 3, 5), Qt::UTC));
+        }
     }
 
-    std::unique_ptr<TestServices> m_services;
-    std::unique_ptr<NoteManager> m_manager;
+private:
+    QString draftPath() const { return m_services->directories.ownFolder() + QStringLiteral("/.draft.json"); }
+    QString draftFiles() const
+    {
+        const QDir folder(m_services->directories.ownFolder());
+        return folder.entryList({QStringLiteral("*draft*")}, QDir::AllEntries | QDir::Hidden).join(u',');
+    }
+    std::unique_ptr<DraftManager> makeDrafts() const
+    {
+        return std::make_unique<DraftManager>(m_services->directories, m_services->loop);
+    }
+    tl::expected<QString, FileError> save(const QString& content, const char* noteType = "Fleeting")
+    {
+        return m_services->notes.save(QString(), content, QString::fromUtf8(noteType));
+    }
+
+    const QString m_type = QStringLiteral("Fleeting");
+    std::unique_ptr<Stage> m_services;
 };
 
-QTEST_GUILESS_MAIN(NoteManagerTest)
-#include "NoteManagerTest.moc"
+QTEST_GUILESS_MAIN(NotesAndDraftsTest)
+#include "NotesAndDraftsTest.moc"

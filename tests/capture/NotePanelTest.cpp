@@ -20,35 +20,82 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// The panel's view with everything behind it, in a window of its own.
-struct Panel
+/// The panel with everything behind it, in a window of its own. The third quick tag is one that every note gets.
+struct Panel : TestServices
 {
     Panel()
     {
+        config.update([](AppConfig& settings) { settings.quickTags[2].isDefault = true; });
         view.resize(460, 560);
         showActive(view);
         view.takeKeyboard();
-        model.panelAppeared();
     }
 
     NoteEditor& editor() { return *view.findChild<NoteEditor*>(); }
-    TestServices services;
-    DraftManager draftManager{services.directories, services.loop};
-    NoteManager noteManager{services.config, services.loop, services.sound};
-    NotePanelModel model{services.config, draftManager, noteManager, services.loop};
-    BrowseModel browse{services.config, services.workspace, services.loop};
-    DailyTabModel daily{DailyTabModel::Services{services.daily, services.signalManager, services.controller,
-                                                services.notifications, services.loop}};
-    NotePanelView view{{model, browse, daily}, services.config, nullptr};
+    QUuid tag(int index) const { return config.config().quickTags[index].id; }
+    QByteArray draftFile() const { return readTestFile(drafts.draftURL()); }
+    void saveDraft(const char* text, const char* title = "")
+    {
+        drafts.save(QLatin1String(text), QLatin1String(title), QStringLiteral("Fleeting"));
+    }
+
+    DraftManager drafts{directories, loop};
+    NoteManager notes{config, loop, sound};
+    NotePanelModel model{config, drafts, notes, loop};
+    BrowseModel browse{config, workspace, loop};
+    DailyTabModel dailyTab{{daily, signalManager, controller, notifications, loop}};
+    NotePanelView view{{model, browse, dailyTab}, config, nullptr};
 };
 
 } // namespace
 
-class NotePanelViewTest final : public QObject
+class NotePanelTest final : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
+    void typing_writesTheDraftEachTime()
+    {
+        Panel panel;
+        for (const auto& [text, words] :
+             {std::pair("", 0), std::pair("one  two ", 2), std::pair("one\ntwo", 1), std::pair(" \n ", 1)}) {
+            panel.model.setNoteContent(QString::fromUtf8(text));
+            QCOMPARE(panel.model.wordCount(), words);
+            QCOMPARE(panel.draftFile().contains("\"one"), QByteArray(text).contains("one"));
+        }
+        QCOMPARE(panel.draftFile(), QByteArray());
+    }
+    void saveNote_appendsTheChosenTagsInTheirOrder()
+    {
+        Panel panel;
+        panel.model.setNoteContent(QStringLiteral(" Call Ann \n"));
+        // The last one has been deleted in the settings since: it appends nothing.
+        for (const QUuid& tag : {panel.tag(2), panel.tag(3), panel.tag(0), panel.tag(3), QUuid::createUuid()}) {
+            panel.model.toggleQuickTag(tag);
+        }
+        panel.model.saveNote();
+        const QByteArray saved = readTestFile(panel.vault + QStringLiteral("/Inbox/2026-01-22--093000--call-ann.md"));
+        QVERIFY(saved.endsWith("---\n\n Call Ann \n\n\n#priority/high #type/idea"));
+        QCOMPARE(panel.model.selectedQuickTags(), QSet<QUuid>{panel.tag(2)});
+        QVERIFY(panel.model.noteContent().isEmpty() && panel.draftFile().isEmpty());
+    }
+    void opening_bringsTheDraftButNeverEmpties()
+    {
+        Panel panel;
+        panel.saveDraft("unsaved");
+        panel.model.panelAppeared();
+        QVERIFY(!panel.draftFile().isEmpty());
+        panel.drafts.clear();
+        panel.model.panelOpened();
+        QCOMPARE(panel.model.noteContent(), QStringLiteral("unsaved"));
+        panel.saveDraft("", "a title alone");
+        panel.model.panelOpened();
+        QCOMPARE(panel.model.noteContent(), QStringLiteral("unsaved"));
+        panel.saveDraft("drafted");
+        panel.model.panelOpened();
+        QCOMPARE(panel.model.noteContent(), QStringLiteral("drafted"));
+    }
+
     void editor_keysThatWriteAndKeysThatMove()
     {
         Panel panel;
@@ -92,7 +139,7 @@ private Q_SLOTS:
     void manyQuickTags_wrapInsideThePanel()
     {
         Panel panel;
-        panel.services.config.update([](AppConfig& config) {
+        panel.config.update([](AppConfig& config) {
             config.quickTags.resize(30, {QUuid::createUuid(), QStringLiteral("*"), QStringLiteral("#tag"), false});
         });
         QApplication::processEvents();
@@ -106,16 +153,16 @@ private Q_SLOTS:
     void dailyTab_isToldWhetherItIsShown()
     {
         Panel panel;
-        panel.services.setInterval(5);
-        writeTestFile(panel.services.notePath, "## Tasks\n- [ ] a\n");
+        panel.setInterval(5);
+        writeTestFile(panel.notePath, "## Tasks\n- [ ] a\n");
         panel.model.setSelectedTab(NotePanelModel::Tab::daily);
-        panel.services.loop.runQueued();
-        panel.daily.startPomodoro(1);
+        panel.loop.runQueued();
+        panel.dailyTab.startPomodoro(1);
         panel.view.hide();
         for (const auto tab : {NotePanelModel::Tab::daily, NotePanelModel::Tab::newNote}) {
             panel.model.setSelectedTab(tab);
-            panel.services.loop.advance(5min);
-            QCOMPARE(panel.services.note(), QByteArray("## Tasks\n- [ ] a 🍅\n"));
+            panel.loop.advance(5min);
+            QCOMPARE(panel.note(), QByteArray("## Tasks\n- [ ] a 🍅\n"));
         }
     }
     void escape_closesTheSheetBeforeThePanel()
@@ -123,14 +170,14 @@ private Q_SLOTS:
         Panel panel;
         QSignalSpy closings(&panel.view, &NotePanelView::closeAsked);
         panel.model.setSelectedTab(NotePanelModel::Tab::daily);
-        panel.daily.setShowPomodoroTaskPicker(true);
+        panel.dailyTab.setShowPomodoroTaskPicker(true);
         press(Qt::Key_Escape);
-        QVERIFY(!panel.daily.showPomodoroTaskPicker());
+        QVERIFY(!panel.dailyTab.showPomodoroTaskPicker());
         QCOMPARE(closings.size(), 0);
         QTest::keyClick(&panel.view, Qt::Key_Escape);
         QCOMPARE(closings.size(), 1);
     }
 };
 
-QTEST_MAIN(NotePanelViewTest)
-#include "NotePanelViewTest.moc"
+QTEST_MAIN(NotePanelTest)
+#include "NotePanelTest.moc"
