@@ -1,0 +1,143 @@
+# SPDX-FileCopyrightText: 2026 The Flitmark authors
+# SPDX-License-Identifier: MIT
+"""Pictures of every window in all its looks, on one page.
+
+usage: gallery.py FOLDER [LOOK...]
+"""
+
+import shutil
+import sys
+import unittest
+from pathlib import Path
+
+from desktop import case
+
+NOTE = """## Today's Focus
+**Ship the landing page** before the review on Friday
+
+## Tasks
+- [x] Publish the visuals 🍅🍅
+- [ ] Finalize the pack of screenshots, with all the captions that the people from the shop have asked for 🍅
+- [ ] Review the release notes 🍅🍅🍅🍅🍅🍅🍅🍅
+- [ ] Call Ann
+
+## Coach Check
+Two good blocks. Take a walk before the third.
+
+## Work Done
+- ✅ Header repaired
+
+## Pomodoro Log
+**Today:** 3/8 completed
+
+| # | Time | Focus |
+|---|------|-------|
+"""
+
+DARK = {"XDG_CURRENT_DESKTOP": "KDE", "KDE_FULL_SESSION": "true", "KDE_SESSION_VERSION": "5"}
+DARK_COLORS = "[Colors:Window]\nBackgroundNormal=32,33,36\nForegroundNormal=240,240,240\n"
+PALETTES = ("obsidian_native", "calm_productivity", "forest_focus", "midnight_clarity", "warm_minimal")
+
+# Each look: its palette, whether the desktop is dark, what it adds to the environment, and whether all windows are taken.
+LOOKS = {f"{palette}-{scheme}": (palette, scheme == "dark", {}, palette == PALETTES[0])
+         for palette in PALETTES for scheme in ("light", "dark")}
+LOOKS |= {
+    "large-text": (PALETTES[0], False, {"QT_FONT_DPI": "144"}, True),
+    "scale-1.5": (PALETTES[1], False, {"QT_SCALE_FACTOR": "1.5"}, False),
+    "scale-2-dark": (PALETTES[0], True, {"QT_SCALE_FACTOR": "2"}, False),
+}
+TABS = ("App", "Quick Tags", "Vault", "Notes", "Appearance", "Pomodoro", "Shortcuts")
+
+
+class Gallery(case.SetUpCase):
+    """One look: `run_look` names it."""
+
+    SIZE = (1920, 1440)
+    COMPOSITOR = True
+    look = ""
+
+    def setUp(self):
+        self.palette, self.is_dark, self.variables, self.is_whole = LOOKS[self.look]
+        super().setUp()
+
+    def picture(self, title, name):
+        number = len(list(self.folder.glob("*.png"))) + 1
+        self.screen.window(title).picture(self.folder / f"{number:02}-{name}.png", 16)
+
+    def start_dressed(self, clock):
+        if self.is_dark:
+            (self.home.folder / ".config").mkdir(exist_ok=True)
+            (self.home.folder / ".config" / "kdeglobals").write_text(DARK_COLORS)
+        return self.start(clock=clock, **self.variables, **(DARK if self.is_dark else {}))
+
+    def runTest(self):
+        self.folder = case.ARTIFACTS / self.look
+        self.folder.mkdir(parents=True)
+        self.home.complete_setup(color_palette=self.palette, daily_reviews_enabled=True)
+        self.home.write_daily_note(NOTE)
+        self.start_dressed("@2026-01-22 10:15:00")
+        self.open_panel()
+        self.picture("Flitmark Button", "button")
+        self.screen.type("Water the tomatoes before the weekend")
+        self.program.click("#type/task", "check box", "Flitmark")
+        self.picture("Flitmark", "new")
+        for tab in ("Browse", "Daily"):
+            self.program.click(tab, window="Flitmark")
+            self.picture("Flitmark", tab.lower())
+        if self.is_whole:
+            self.program.click("Edit focus", window="Flitmark")
+            self.picture("Flitmark", "daily-edited")
+            self.program.click("Cancel", window="Flitmark")
+        self.program.click("Settings", window="Flitmark")
+        for tab in TABS if self.is_whole else TABS[4:5]:
+            self.program.click(tab, window="Flitmark Settings")
+            self.picture("Flitmark Settings", f"settings-{tab.lower()}")
+        self.program.click("Help", window="Flitmark Settings")
+        self.program.find("Getting Started")
+        self.picture("Flitmark Settings", "help")
+        if self.is_whole:
+            self.program.stop()
+            self.home.config_path.unlink()
+            self.start_dressed("@2026-01-22 10:15:00")
+            for sign, button in (("Quick Note Capture for Obsidian", "Get Started"),
+                                 ("Select Your Obsidian Vault", "Next"), ("Configure Quick Tags", "Next"),
+                                 ("You're All Set!", "")):
+                self.program.find(sign)
+                if sign.startswith("Select"):
+                    self.program.click("Notes")
+                self.picture("Flitmark Setup", "setup")
+                if button:
+                    self.program.click(button)
+
+
+def page(folder):
+    parts = []
+    for look in sorted(folder.iterdir()):
+        if look.is_dir():
+            pictures = "".join(f'<a href="{look.name}/{p.name}"><img src="{look.name}/{p.name}" alt="{p.stem}"></a>'
+                               for p in sorted(look.glob("*.png")))
+            parts.append(f"<h2>{look.name}</h2>{pictures}")
+    style = "body{font-family:sans-serif;background:#777}img{max-height:420px;margin:4px}"
+    return f"<!doctype html><meta charset=utf-8><title>Flitmark</title><style>{style}</style>{''.join(parts)}"
+
+
+def main():
+    looks = sys.argv[2:] or list(LOOKS)
+    if len(sys.argv) < 2 or any(look not in LOOKS for look in looks):
+        sys.exit(f"{__doc__}The looks: {', '.join(LOOKS)}")
+    case.ARTIFACTS = Path(sys.argv[1]).resolve()
+    case.ARTIFACTS.mkdir(parents=True, exist_ok=True)
+    failed = []
+    for look in looks:
+        shutil.rmtree(case.ARTIFACTS / look, ignore_errors=True)
+        Gallery.look = look
+        result = unittest.TestResult()
+        Gallery().run(result)
+        failed += [f"{look}: {problem}" for _, problem in result.errors + result.failures]
+    (case.ARTIFACTS / "index.html").write_text(page(case.ARTIFACTS))
+    print(f"Pictures of {len(looks)} looks are on {sys.argv[1]}/index.html.")
+    sys.exit("\n".join(failed) or 0)
+
+
+if __name__ == "__main__":
+    main()
