@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Flitmark authors
 // SPDX-License-Identifier: MIT
 
-#include <app/AppDelegate.h>
 #include <app/PanelWindow.h>
 #include <app/Placement.h>
 #include <app/PlatformChoice.h>
@@ -9,52 +8,15 @@
 #include <app/TriggerButtonWindow.h>
 #include <app/TriggerDrag.h>
 #include <app/UpdateWindow.h>
-#include <capture/DraftManager.h>
 #include <capture/NoteEditor.h>
-#include <capture/NoteManager.h>
 #include <checkin/PopupPlacement.h>
-#include <settings/SettingsStage.h>
 #include <support/Accessible.h>
 #include <ui/Theme.h>
 
+#include "Desktop.h"
+
 using namespace flitmark;
 using namespace std::chrono_literals;
-
-namespace {
-
-/// A home with everything the delegate works with, on a desktop without a display.
-struct Desktop : SettingsStage
-{
-    template<typename Change>
-    explicit Desktop(Change change)
-    {
-        configManager.update([&](AppConfig& config) {
-            config.hasCompletedSetup = true;
-            change(config);
-        });
-        delegate.applicationDidFinishLaunching();
-    }
-    Desktop()
-        : Desktop([](AppConfig&) {})
-    {
-    }
-
-    PanelWindow& panel() { return *delegate.panelWindow(); }
-    TriggerButtonWindow& trigger() { return *delegate.triggerWindow(); }
-
-    FakeScreens screens;
-    FakeWindowManager windowManager;
-    FakeDialogs dialogs;
-    FakeKeyMonitor keyMonitor;
-    FakeUserDefaults userDefaults;
-    DraftManager draftManager{directories, runLoop};
-    NoteManager noteManager{configManager, runLoop, sound};
-    AppDelegate delegate{AppServices{directories, runLoop, center, configManager, updateController, controller,
-                                     signalManager, dailyNoteManager, draftManager, noteManager, screens, windowManager,
-                                     dialogs, workspace, keyMonitor, loginItemManager, userDefaults}};
-};
-
-} // namespace
 
 class AppTest final : public QObject
 {
@@ -113,7 +75,7 @@ private Q_SLOTS:
         Desktop desktop;
         desktop.loginService.current = LoginService::Status::Enabled;
         desktop.runLoop.advance(1h);
-        QCOMPARE(desktop.dialogs.messages, QStringList());
+        QVERIFY(desktop.dialogs.questions.isEmpty());
         QCOMPARE(desktop.loginService.status(), LoginService::Status::Enabled);
     }
 
