@@ -4,6 +4,7 @@
 #include <app/PanelWindow.h>
 #include <app/Placement.h>
 #include <app/PlatformChoice.h>
+#include <app/Translations.h>
 #include <app/TriggerButtonView.h>
 #include <app/TriggerButtonWindow.h>
 #include <app/TriggerDrag.h>
@@ -144,6 +145,28 @@ private Q_SLOTS:
         }
     }
 
+    void translation_isTheUsersFirstOneUnlessEnglishComesBefore()
+    {
+        QTemporaryDir own;
+        QTemporaryDir system;
+        // The least that is a catalogue: its mark, one hash, one message.
+        const QByteArray catalogue =
+            QByteArray::fromHex("3cb86418caef9c95cd211cbf60a1bddd42000000080000000000000000690000000101");
+        for (const auto& [folder, name] : {std::pair(&own, "de"), {&system, "de"}, {&system, "zh_TW"}}) {
+            writeTestFile(folder->filePath(QStringLiteral("flitmark_%1.qm").arg(QLatin1String(name))), catalogue);
+        }
+        const QString german = own.filePath(QStringLiteral("flitmark_de.qm"));
+        for (const auto& [languages, path] : {std::pair("de-AT,de", german),
+                                              {"fr-FR,fr,de,en", german},
+                                              {"zh-TW", system.filePath(QStringLiteral("flitmark_zh_TW.qm"))},
+                                              {"zh-CN,zh", QString()},
+                                              {"en-GB,en,de", QString()},
+                                              {"C", QString()},
+                                              {"fr,en-US,de", QString()}}) {
+            const auto found = loadTranslation(listOf(languages), {own.path(), system.path()});
+            QCOMPARE(found ? found->filePath() : QString(), path);
+        }
+    }
     void x11_isChosenUnlessTheUserChose()
     {
         QByteArray argument("flitmark");
