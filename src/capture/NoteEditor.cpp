@@ -6,8 +6,6 @@
 #include <ui/ThemeScope.h>
 #include <ui/ThinScrollBar.h>
 
-#include <QGuiApplication>
-#include <QInputMethod>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QPainter>
@@ -86,15 +84,6 @@ void NoteEditor::resizeEvent(QResizeEvent* event)
 {
     QTextEdit::resizeEvent(event);
     m_scrollBar->placeIn(rect());
-}
-
-void NoteEditor::hideEvent(QHideEvent* event)
-{
-    // What an input method is still composing belongs to the note.
-    if (hasFocus()) {
-        QGuiApplication::inputMethod()->commit();
-    }
-    QTextEdit::hideEvent(event);
 }
 
 bool NoteEditor::event(QEvent* event)

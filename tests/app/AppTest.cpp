@@ -11,8 +11,11 @@
 #include <app/UpdateWindow.h>
 #include <capture/NoteEditor.h>
 #include <checkin/PopupPlacement.h>
+#include <settings/SettingsWindow.h>
 #include <support/Accessible.h>
 #include <ui/Theme.h>
+
+#include <QLineEdit>
 
 #include "Desktop.h"
 
@@ -47,6 +50,53 @@ private Q_SLOTS:
             byKey ? press(Qt::Key_Escape) : void(desktop.panel().close());
             QVERIFY(!desktop.panel().isVisible() && !desktop.delegate.isPanelVisible());
         }
+    }
+    void composition_isTakenOverOrGivenUpButNotLost()
+    {
+        const auto compose = [] {
+            QInputMethodEvent event(QStringLiteral("ka"), {});
+            QCoreApplication::sendEvent(QApplication::focusWidget(), &event);
+        };
+        struct Row
+        {
+            std::function<void(Desktop&)> act;
+            const char* text;
+            bool staysOpen;
+        };
+        const auto pressing = [](Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+            return [key, modifiers](Desktop&) { QTest::keyClick(QApplication::focusWidget(), key, modifiers); };
+        };
+        const QList<Row> rows{
+            {pressing(Qt::Key_Escape), "x", true},
+            {pressing(Qt::Key_Return), "xka", true},
+            {pressing(Qt::Key_Enter, Qt::KeypadModifier), "xka", true},
+            {pressing(Qt::Key_Tab, Qt::ControlModifier), "xka", true},
+            {[](Desktop& desktop) { desktop.panel().setFocus(); }, "xka", true},
+            {[](Desktop& desktop) { desktop.delegate.hidePanel(); }, "xka", false},
+        };
+        for (const Row& row : rows) {
+            Desktop desktop;
+            desktop.delegate.showPanel();
+            QVERIFY(QTest::qWaitForWindowActive(&desktop.panel()));
+            QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("x"));
+            compose();
+            row.act(desktop);
+            QCOMPARE(desktop.panel().findChild<NoteEditor*>()->text(), QLatin1String(row.text));
+            QCOMPARE(desktop.delegate.isPanelVisible(), row.staysOpen);
+            QCOMPARE(desktop.draftManager.currentDraft()->content, QLatin1String(row.text));
+        }
+        Desktop desktop;
+        desktop.delegate.showSettingsWindow();
+        QWidget& window = *desktop.delegate.settingsWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        click(window, QStringLiteral("Vault"));
+        type(named<QLineEdit>(window, QStringLiteral("Default Save Subfolder")), QStringLiteral("x"));
+        compose();
+        press(Qt::Key_Escape);
+        QVERIFY(window.isVisible());
+        compose();
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return, Qt::ControlModifier);
+        QCOMPARE(desktop.config().saveSubfolder, QStringLiteral("xka"));
     }
     void trigger_staysOnTheScreen()
     {
