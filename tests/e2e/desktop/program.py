@@ -156,7 +156,8 @@ class Program:
         """The control that has the keyboard, or None."""
         for control in self.find_all():
             try:
-                if control.has("focused"):
+                # A list's current item calls itself focused in any window.
+                if control.has("focused") and control.window.has("active"):
                     return control
             except Gone:
                 continue
