@@ -68,6 +68,7 @@ AppServices AppServices::shared()
 AppDelegate::AppDelegate(const AppServices& services)
     : m_services(services)
 {
+    QCoreApplication::instance()->installEventFilter(&m_compositionFilter);
 }
 
 AppDelegate::~AppDelegate()

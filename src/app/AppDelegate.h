@@ -7,6 +7,7 @@
 #include <app/ScreenshotMode.h>
 #include <platform/AppAction.h>
 #include <platform/Directories.h>
+#include <ui/CompositionFilter.h>
 
 #include <QObject>
 #include <QPointF>
@@ -150,6 +151,7 @@ private:
 
     AppServices m_services;
     AltKeyFilter m_altKeyFilter;
+    CompositionFilter m_compositionFilter;
     std::unique_ptr<NotePanelModel> m_panelModel;
     std::unique_ptr<BrowseModel> m_browseModel;
     std::unique_ptr<DailyTabModel> m_dailyModel;

@@ -3,6 +3,7 @@
 
 #include <app/FlitmarkApp.h>
 #include <app/PlatformChoice.h>
+#include <app/Translations.h>
 #include <platform/RunLoop.h>
 #include <platform/SharedServices.h>
 #include <platform/linux/ApplicationBus.h>
@@ -53,6 +54,7 @@ FlitmarkApp::FlitmarkApp(int& argc, char** argv, RunningCopy& runningCopy)
     QCoreApplication::setApplicationVersion(QStringLiteral(FLITMARK_VERSION));
     // Windows come and go; the program stays until it is told to quit.
     QGuiApplication::setQuitOnLastWindowClosed(false);
+    installTranslations();
     followSession();
     m_appDelegate = std::make_unique<AppDelegate>(AppServices::shared());
 }

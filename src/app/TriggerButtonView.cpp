@@ -114,8 +114,9 @@ void TriggerButtonView::setTimerProgress(double progress, std::chrono::minutes m
     QString description = panelDescription();
     if (m_ring.isShown()) {
         description += u' ';
-        description += minutes.count() == 1 ? tr("1 minute of the Pomodoro remains.")
-                                            : tr("%1 minutes of the Pomodoro remain.").arg(minutes.count());
+        description += minutes.count() == 1
+                           ? tr("1 minute of the Pomodoro remains.")
+                           : tr("%n minutes of the Pomodoro remain.", nullptr, static_cast<int>(minutes.count()));
     }
     if (description != accessibleDescription()) {
         setAccessibleDescription(description);

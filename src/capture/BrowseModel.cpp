@@ -60,13 +60,15 @@ QString BrowseModel::previewOf(qsizetype index)
 
 QString BrowseModel::summary() const
 {
-    const auto folders = std::count_if(m_browseItems.begin(), m_browseItems.end(),
-                                       [](const VaultItem& item) { return item.isDirectory; });
-    const auto notes = m_browseItems.size() - folders;
+    const auto folders = static_cast<int>(std::count_if(m_browseItems.begin(), m_browseItems.end(),
+                                                        [](const VaultItem& item) { return item.isDirectory; }));
+    const int notes = static_cast<int>(m_browseItems.size()) - folders;
+    const QString folderCount = tr("%n folders", nullptr, folders);
+    const QString noteCount = tr("%n notes", nullptr, notes);
     if (folders == 0) {
-        return tr("%1 notes").arg(notes);
+        return noteCount;
     }
-    return notes == 0 ? tr("%1 folders").arg(folders) : tr("%1 folders, %2 notes").arg(folders).arg(notes);
+    return notes == 0 ? folderCount : tr("%1, %2", "folders, notes").arg(folderCount, noteCount);
 }
 
 void BrowseModel::refresh()

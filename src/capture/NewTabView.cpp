@@ -113,7 +113,7 @@ void NewTabView::bind()
     connect(m_editor, &NoteEditor::textChanged, this, [this] { m_model.setNoteContent(m_editor->text()); });
     const auto showContent = [this] {
         m_editor->setText(m_model.noteContent());
-        m_wordCount->setText(tr("%1 words").arg(m_model.wordCount()));
+        m_wordCount->setText(tr("%n words", nullptr, static_cast<int>(m_model.wordCount())));
     };
     connect(&m_model, &NotePanelModel::noteContentChanged, this, showContent);
     connect(&m_model, &NotePanelModel::selectedQuickTagsChanged, this, &NewTabView::showSelection);

@@ -6,8 +6,6 @@
 #include <ui/ThemeScope.h>
 #include <ui/ThinScrollBar.h>
 
-#include <QGuiApplication>
-#include <QInputMethod>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QPainter>
@@ -25,6 +23,7 @@ NoteEditor::NoteEditor(QWidget* parent)
     setFont(fontOf(TextRole::Note));
     setPlaceholderText(tr("Note"));
     setAccessibleName(tr("Note"));
+    setAccessibleDescription(tr("Ctrl+Tab moves on, Shift+Tab back."));
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setViewportMargins(0, 0, ThinScrollBar::hitWidth, 0);
@@ -54,10 +53,11 @@ void NoteEditor::setText(const QString& text)
 
 void NoteEditor::keyPressEvent(QKeyEvent* event)
 {
-    const bool isTab = event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab;
-    if (isTab && event->modifiers().testFlag(Qt::ControlModifier)) {
+    const bool isBack = event->key() == Qt::Key_Backtab ||
+                        (event->key() == Qt::Key_Tab && event->modifiers().testFlag(Qt::ShiftModifier));
+    if (isBack || (event->key() == Qt::Key_Tab && event->modifiers().testFlag(Qt::ControlModifier))) {
         // Not QTextEdit's own, which refuses because Tab types.
-        QWidget::focusNextPrevChild(event->key() == Qt::Key_Tab && !event->modifiers().testFlag(Qt::ShiftModifier));
+        QWidget::focusNextPrevChild(!isBack);
         return;
     }
     // QTextEdit answers Return on an empty line by dropping the line's format instead of starting a new one.
@@ -86,15 +86,6 @@ void NoteEditor::resizeEvent(QResizeEvent* event)
 {
     QTextEdit::resizeEvent(event);
     m_scrollBar->placeIn(rect());
-}
-
-void NoteEditor::hideEvent(QHideEvent* event)
-{
-    // What an input method is still composing belongs to the note.
-    if (hasFocus()) {
-        QGuiApplication::inputMethod()->commit();
-    }
-    QTextEdit::hideEvent(event);
 }
 
 bool NoteEditor::event(QEvent* event)

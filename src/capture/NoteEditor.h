@@ -27,7 +27,6 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
-    void hideEvent(QHideEvent* event) override;
     bool event(QEvent* event) override;
     void insertFromMimeData(const QMimeData* source) override;
 

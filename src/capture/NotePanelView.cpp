@@ -42,6 +42,8 @@ NotePanelView::NotePanelView(const NotePanelModels& models, ConfigManager& confi
 
     auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
     connect(escape, &QShortcut::activated, this, &NotePanelView::closeAsked);
+    auto* settings = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Comma), this);
+    connect(settings, &QShortcut::activated, this, &NotePanelView::settingsAsked);
     showSelectedTab();
 }
 

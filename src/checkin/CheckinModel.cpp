@@ -31,8 +31,16 @@ QString CheckinModel::countText() const
 
 QString CheckinModel::focusText() const
 {
-    const QString& focus = m_dailyNoteManager.todayNote().focus;
+    const QString focus = plannedFocus();
     return focus.isEmpty() ? tr("No focus") : focus;
+}
+
+/// Today's focus, as the user reads it.
+QString CheckinModel::plannedFocus() const
+{
+    const DailyNote& note = m_dailyNoteManager.todayNote();
+    // What stands there without a note is ours, and goes into files as it is.
+    return note.exists || note.focus.isEmpty() ? note.focus : tr("No daily note for today");
 }
 
 QString CheckinModel::snoozeTitle() const
@@ -102,7 +110,7 @@ void CheckinModel::startCompletingTask()
 
 void CheckinModel::startFocusUpdate()
 {
-    setMode(Mode::UpdatingFocus, m_dailyNoteManager.todayNote().focus);
+    setMode(Mode::UpdatingFocus, plannedFocus());
 }
 
 void CheckinModel::cancel()

@@ -75,6 +75,7 @@ private:
     void completeAndStartNew(const QString& text);
     void confirmFocusUpdate(const QString& text);
     void setMode(Mode mode, const QString& text);
+    QString plannedFocus() const;
     QString focusToLog() const;
     bool isAnswered() const { return !m_onDismiss; }
     void answer(const Response& response);

@@ -8,6 +8,15 @@
 
 namespace flitmark {
 
+namespace {
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(VaultPath)
+};
+
+} // namespace
+
 QString inferDefaultVaultPath(const QString& home)
 {
     static const QString candidates[] = {
@@ -27,18 +36,17 @@ QString inferDefaultVaultPath(const QString& home)
 
 QString vaultPathProblem(const QString& path)
 {
-    const auto tr = [](const char* text) { return QCoreApplication::translate("VaultPath", text); };
     if (path.isEmpty()) {
-        return tr("Choose the folder of your vault.");
+        return Texts::tr("Choose the folder of your vault.");
     }
     if (!path.startsWith(u'/')) {
-        return tr("This is not a full path: it has to begin with a slash.");
+        return Texts::tr("This is not a full path: it has to begin with a slash.");
     }
     const QFileInfo info(path);
     if (!info.exists()) {
-        return tr("There is no folder at this path.");
+        return Texts::tr("There is no folder at this path.");
     }
-    return info.isDir() ? QString() : tr("This is a file, not a folder.");
+    return info.isDir() ? QString() : Texts::tr("This is a file, not a folder.");
 }
 
 } // namespace flitmark

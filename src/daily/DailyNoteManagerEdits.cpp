@@ -56,7 +56,7 @@ tl::expected<DailyNoteManager::Loaded, QString> DailyNoteManager::tryToWrite(con
             return written;
         }
     }
-    return tl::unexpected(prefix + QStringLiteral("Another program keeps changing the note."));
+    return tl::unexpected(prefix + tr("Another program keeps changing the note."));
 }
 
 std::optional<DailyNoteManager::Loaded> DailyNoteManager::write(const QString& prefix, const Edit& edit)
@@ -91,7 +91,7 @@ bool DailyNoteManager::updateFocus(const QString& newFocus)
     const auto edit = [&](const ParsedDailyNote&, const Lines& lines) -> tl::expected<LineChanges, QString> {
         return DailyNoteEdits::updateFocus(lines, newFocus);
     };
-    const std::optional<Loaded> written = write(QStringLiteral("Failed to update focus: "), edit);
+    const std::optional<Loaded> written = write(tr("Failed to update focus: "), edit);
     if (!written) {
         return false;
     }
@@ -119,7 +119,7 @@ bool DailyNoteManager::updateFocus(const QString& newFocus)
 bool DailyNoteManager::addPomodoroEntry(const QString& focus)
 {
     const QString time = QLocale().toString(m_runLoop.now().time(), u"HH:mm");
-    return writeAndReload(QStringLiteral("Failed to add pomodoro entry: "),
+    return writeAndReload(tr("Failed to add pomodoro entry: "),
                           [&](const ParsedDailyNote& note, const Lines& lines) -> tl::expected<LineChanges, QString> {
                               const qint64 number =
                                   qMin(note.pomodoroCount, std::numeric_limits<qint64>::max() - 1) + 1;
@@ -129,11 +129,11 @@ bool DailyNoteManager::addPomodoroEntry(const QString& focus)
 
 bool DailyNoteManager::addNewTask(const QString& text)
 {
-    return writeAndReload(QStringLiteral("Failed to add new task: "),
+    return writeAndReload(tr("Failed to add new task: "),
                           [&](const ParsedDailyNote&, const Lines& lines) -> tl::expected<LineChanges, QString> {
                               auto changes = DailyNoteEdits::addNewTask(lines, text);
                               if (!changes) {
-                                  return tl::unexpected(QStringLiteral("Could not find tasks section in daily note"));
+                                  return tl::unexpected(tr("Could not find tasks section in daily note"));
                               }
                               return *std::move(changes);
                           });
@@ -154,9 +154,8 @@ bool DailyNoteManager::editTask(const QString& prefix, qint64 lineNumber, TaskEd
         write(prefix, [&](const ParsedDailyNote&, const Lines& lines) -> tl::expected<LineChanges, QString> {
             const auto found = DailyNoteEdits::findLine(lines, line, lineNumber);
             if (!found) {
-                return tl::unexpected(prefix +
-                                      QStringLiteral("The note was changed by another program, and this task's "
-                                                     "line is no longer in it. Nothing was written."));
+                return tl::unexpected(prefix + tr("The note was changed by another program, and this task's line is no "
+                                                  "longer in it. Nothing was written."));
             }
             return *edit(lines, *found);
         }).has_value();
@@ -169,18 +168,17 @@ bool DailyNoteManager::editTask(const QString& prefix, qint64 lineNumber, TaskEd
 
 bool DailyNoteManager::toggleTask(qint64 lineNumber)
 {
-    return editTask(QStringLiteral("Failed to toggle task: "), lineNumber, DailyNoteEdits::toggleTask);
+    return editTask(tr("Failed to toggle task: "), lineNumber, DailyNoteEdits::toggleTask);
 }
 
 bool DailyNoteManager::addPomodoroToTask(qint64 lineNumber)
 {
-    return editTask(QStringLiteral("Failed to add pomodoro to task: "), lineNumber, DailyNoteEdits::addPomodoroToTask);
+    return editTask(tr("Failed to add pomodoro to task: "), lineNumber, DailyNoteEdits::addPomodoroToTask);
 }
 
 bool DailyNoteManager::removePomodoroFromTask(qint64 lineNumber)
 {
-    return editTask(QStringLiteral("Failed to remove pomodoro from task: "), lineNumber,
-                    DailyNoteEdits::removePomodoroFromTask);
+    return editTask(tr("Failed to remove pomodoro from task: "), lineNumber, DailyNoteEdits::removePomodoroFromTask);
 }
 
 qint64 DailyNoteManager::pomodoroCountForTask(qint64 lineNumber) const

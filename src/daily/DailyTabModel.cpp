@@ -55,7 +55,8 @@ void DailyTabModel::tabHidden()
 
 QString DailyTabModel::headerDate() const
 {
-    return QLocale().toString(m_services.runLoop.now().date(), u"dddd, MMM d");
+    //: How a date is written, in QLocale's pattern letters: "Thursday, Jan 22".
+    return QLocale().toString(m_services.runLoop.now().date(), tr("dddd, MMM d", "date pattern"));
 }
 
 DailyTabModel::Body DailyTabModel::body() const

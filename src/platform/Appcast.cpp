@@ -14,11 +14,6 @@ namespace {
 
 constexpr QLatin1String sparkleNamespace("http://www.andymatuschak.org/xml-namespaces/sparkle");
 
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("Appcast", text);
-}
-
 /// The address in `text` if a browser may be sent there, else an empty one.
 QUrl pageOf(const QString& text)
 {
@@ -41,6 +36,8 @@ struct RawItem
 
 class Reader final
 {
+    Q_DECLARE_TR_FUNCTIONS(Appcast)
+
 public:
     explicit Reader(const QByteArray& xml)
         : m_xml(xml)

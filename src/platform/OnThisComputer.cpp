@@ -10,14 +10,14 @@ namespace flitmark::onThisComputer {
 
 namespace {
 
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(OnThisComputer)
+};
+
 QString line(const QString& text)
 {
-    return QCoreApplication::translate("OnThisComputer", "On this computer: %1").arg(text);
-}
-
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("OnThisComputer", text);
+    return Texts::tr("On this computer: %1").arg(text);
 }
 
 QString sentences(QStringList texts)
@@ -28,8 +28,8 @@ QString sentences(QStringList texts)
 
 QString bindingCommand()
 {
-    return tr("Bind this command to a key in the desktop's settings: "
-              "gapplication action org.flitmark.Flitmark toggle-panel");
+    return Texts::tr("Bind this command to a key in the desktop's settings: "
+                     "gapplication action org.flitmark.Flitmark toggle-panel");
 }
 
 } // namespace
@@ -38,26 +38,27 @@ QString hotkey(const KeyMonitor::State& state)
 {
     switch (state.status) {
     case KeyMonitor::Status::Working:
-        return sentences({tr("the hotkey works. Option is the Alt key."), state.reason});
+        return sentences({Texts::tr("the hotkey works. Option is the Alt key."), state.reason});
     case KeyMonitor::Status::Waiting:
-        return sentences({tr("the hotkey waits for your desktop's consent."), state.reason});
+        return sentences({Texts::tr("the hotkey waits for your desktop's consent."), state.reason});
     case KeyMonitor::Status::Refused:
-        return sentences({tr("the desktop refused the hotkey."), state.reason, bindingCommand()});
+        return sentences({Texts::tr("the desktop refused the hotkey."), state.reason, bindingCommand()});
     case KeyMonitor::Status::NotOffered:
         break;
     }
-    return sentences({tr("this desktop offers no hotkeys to programs."), state.reason, bindingCommand()});
+    return sentences({Texts::tr("this desktop offers no hotkeys to programs."), state.reason, bindingCommand()});
 }
 
 QString systems()
 {
-    return line(tr("Flitmark runs on Linux desktops, with X11 or with Wayland and XWayland."));
+    return line(Texts::tr("Flitmark runs on Linux desktops, with X11 or with Wayland and XWayland."));
 }
 
 QString keys()
 {
-    return line(tr("⌘ is the Ctrl key, ⌥ and Option are the Alt key. Ctrl+Return saves a note. No permission has to "
-                   "be granted."));
+    return line(
+        Texts::tr("⌘ is the Ctrl key, ⌥ and Option are the Alt key. Ctrl+Return saves a note. No permission has to "
+                  "be granted."));
 }
 
 QString configFile(const Directories& directories)
@@ -71,14 +72,15 @@ QString configFile(const Directories& directories)
 
 QString windowModes()
 {
-    return line(tr("Normal lets other windows cover the panel; the other two keep it above them."));
+    return line(Texts::tr("Normal lets other windows cover the panel; the other two keep it above them."));
 }
 
 QString updates(bool isOffered)
 {
-    return line(isOffered ? tr("Flitmark asks its own feed for new versions and opens the download page; it installs "
-                               "nothing by itself.")
-                          : tr("updates come with your system's packages."));
+    return line(isOffered
+                    ? Texts::tr("Flitmark asks its own feed for new versions and opens the download page; it installs "
+                                "nothing by itself.")
+                    : Texts::tr("updates come with your system's packages."));
 }
 
 } // namespace flitmark::onThisComputer

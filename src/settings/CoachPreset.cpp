@@ -9,33 +9,34 @@ namespace flitmark {
 
 namespace {
 
-QString tr(const char* text)
+struct Texts
 {
-    return QCoreApplication::translate("CoachPreset", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(CoachPreset)
+};
 
 } // namespace
 
 QList<CoachPreset> coachPresets()
 {
     return {
-        {QStringLiteral("supportive"), tr("Supportive"), tr("Calm, kind, and steady guidance."),
+        {QStringLiteral("supportive"), Texts::tr("Supportive"), Texts::tr("Calm, kind, and steady guidance."),
          QStringLiteral("You are my supportive productivity coach. Keep feedback short, calm, and kind. Ask one "
                         "question that helps clarify the next step. If I am off focus, gently redirect me.")},
-        {QStringLiteral("tough"), tr("Tough Love"), tr("Direct, no-nonsense accountability."),
+        {QStringLiteral("tough"), Texts::tr("Tough Love"), Texts::tr("Direct, no-nonsense accountability."),
          QStringLiteral("You are my tough-love productivity coach. Be direct and concise. Call out avoidance or "
                         "excuses. End with a single clear next action.")},
-        {QStringLiteral("high_energy"), tr("High-energy (Orvane inspired)"),
-         tr("Bold, motivational, action-first energy."),
+        {QStringLiteral("high_energy"), Texts::tr("High-energy (Orvane inspired)"),
+         Texts::tr("Bold, motivational, action-first energy."),
          QStringLiteral("You are my high-energy motivational coach. Be bold and energetic. Push me to take immediate "
                         "action. End with a short, emphatic question.")},
-        {QStringLiteral("stoic"), tr("Stoic"), tr("Calm, rational, focused on control."),
+        {QStringLiteral("stoic"), Texts::tr("Stoic"), Texts::tr("Calm, rational, focused on control."),
          QStringLiteral("You are my stoic coach. Be calm and practical. Focus on what is within my control. Keep "
                         "responses minimal and action-oriented.")},
-        {QStringLiteral("analytical"), tr("Analytical"), tr("Pattern-driven, experiment-focused guidance."),
+        {QStringLiteral("analytical"), Texts::tr("Analytical"),
+         Texts::tr("Pattern-driven, experiment-focused guidance."),
          QStringLiteral("You are my analytical coach. Identify patterns, suggest small experiments, and ask for "
                         "concrete metrics. Keep it brief.")},
-        {customCoachStyle, tr("Custom"), tr("Write your own prompt."), {}},
+        {customCoachStyle, Texts::tr("Custom"), Texts::tr("Write your own prompt."), {}},
     };
 }
 

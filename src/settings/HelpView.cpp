@@ -18,11 +18,15 @@
 #include <QScrollBar>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace flitmark {
 
 namespace {
 
 constexpr int sidebarWidth = 192;
+constexpr int widestSidebar = 288;
+constexpr int sidebarMargin = 8;
 constexpr double sheetRadius = 16;
 
 /// The card the sections are listed on; it fills its place up to the corners of the ground.
@@ -32,7 +36,6 @@ public:
     explicit Sidebar(double radius)
         : m_radius(radius)
     {
-        setFixedWidth(scaled(sidebarWidth));
     }
 
 protected:
@@ -91,8 +94,9 @@ QWidget* HelpView::makeSidebar(Corners corners)
 {
     auto* sidebar = new Sidebar(corners == Corners::Round ? sheetRadius : 0);
     auto* column = new QVBoxLayout(sidebar);
-    column->setContentsMargins(8, 12, 8, 12);
+    column->setContentsMargins(sidebarMargin, 12, sidebarMargin, 12);
     column->setSpacing(4);
+    int width = scaled(sidebarWidth);
     for (const HelpHeading& heading : helpHeadings()) {
         auto* row = new ListRow({
             .symbol = heading.symbol,
@@ -109,10 +113,12 @@ QWidget* HelpView::makeSidebar(Corners corners)
             }
         });
         column->addWidget(row);
+        width = std::max(width, row->wholeWidth() + 2 * sidebarMargin);
         if (row->isChecked()) {
             m_firstRow = row;
         }
     }
+    sidebar->setFixedWidth(std::min(width, scaled(widestSidebar)));
     column->addStretch();
     auto* version = new Label(tr("Version %1").arg(QStringLiteral(FLITMARK_VERSION)), TextRole::Caption);
     version->setContentsMargins(8, 0, 8, 0);

@@ -71,7 +71,7 @@ void PomodoroSection::addInterval()
     add(row, 0);
     follow([this, label, slider] {
         const qint64 minutes = model().state().pomodoroInterval;
-        label->setText(tr("Check-in Interval: %1 minutes").arg(minutes));
+        label->setText(tr("Check-in Interval: %n minutes", nullptr, static_cast<int>(minutes)));
         const QSignalBlocker blocker(slider);
         slider->setValue(static_cast<int>(std::clamp<qint64>(minutes, shortestInterval, longestInterval)));
         slider->update();

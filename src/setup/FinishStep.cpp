@@ -6,6 +6,8 @@
 #include <ui/Label.h>
 #include <ui/Surfaces.h>
 
+#include <algorithm>
+
 namespace flitmark {
 
 FinishStep::FinishStep(const SetupWizardModel& model, const QString& localHotkeyLine, QWidget* parent)
@@ -31,30 +33,38 @@ void FinishStep::addSummary(const SetupWizardModel& model)
     auto* column = new QVBoxLayout(card);
     column->setContentsMargins(16, 4, 16, 4);
     column->setSpacing(0);
-    addSummaryRow(*card, tr("Vault"), model.getFinalVaultPath(), Qt::ElideMiddle);
-    addSummaryRow(*card, tr("Save to"), model.effectiveSubfolder(), Qt::ElideMiddle);
-    addSummaryRow(*card, tr("Quick tags"), tr("%1 configured").arg(model.quickTags().size()), Qt::ElideRight);
-    addSummaryRow(*card, tr("Hotkey"), tr("⌥N (Option + N)"), Qt::ElideRight);
+    const auto tagCount = static_cast<int>(model.quickTags().size());
+    const QList<SummaryRow> rows{
+        {new Label(tr("Vault")), model.getFinalVaultPath(), Qt::ElideMiddle},
+        {new Label(tr("Save to")), model.effectiveSubfolder(), Qt::ElideMiddle},
+        {new Label(tr("Quick tags")), tr("%n configured", nullptr, tagCount), Qt::ElideRight},
+        {new Label(tr("Hotkey")), tr("⌥N (Option + N)"), Qt::ElideRight},
+    };
+    int nameWidth = scaled(80);
+    for (const SummaryRow& row : rows) {
+        nameWidth = std::max(nameWidth, row.name->sizeHint().width());
+    }
+    for (const SummaryRow& row : rows) {
+        row.name->setFixedWidth(nameWidth);
+        addSummaryRow(*column, row);
+    }
     add(card, 24);
 }
 
-void FinishStep::addSummaryRow(Card& card, const QString& label, const QString& value, Qt::TextElideMode mode)
+void FinishStep::addSummaryRow(QVBoxLayout& column, const SummaryRow& summary)
 {
-    auto* column = static_cast<QVBoxLayout*>(card.layout());
-    if (column->count() > 0) {
-        column->addWidget(new Divider);
+    if (column.count() > 0) {
+        column.addWidget(new Divider);
     }
-    auto* name = new Label(label);
-    name->setColor(&Theme::text2);
-    name->setFixedWidth(scaled(80));
-    auto* content = new Label(value, TextRole::Strong);
-    content->setElideMode(mode);
+    summary.name->setColor(&Theme::text2);
+    auto* content = new Label(summary.value, TextRole::Strong);
+    content->setElideMode(summary.elideMode);
     auto* row = new QHBoxLayout;
     row->setContentsMargins(0, 10, 0, 10);
     row->setSpacing(16);
-    row->addWidget(name);
+    row->addWidget(summary.name);
     row->addWidget(content, 1);
-    column->addLayout(row);
+    column.addLayout(row);
 }
 
 } // namespace flitmark

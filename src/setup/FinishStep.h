@@ -5,9 +5,11 @@
 
 #include <setup/StepColumn.h>
 
+class QVBoxLayout;
+
 namespace flitmark {
 
-class Card;
+class Label;
 class SetupWizardModel;
 
 /// The wizard's last step: what was chosen.
@@ -21,8 +23,15 @@ public:
     Q_DISABLE_COPY_MOVE(FinishStep)
 
 private:
+    struct SummaryRow
+    {
+        Label* name;
+        QString value;
+        Qt::TextElideMode elideMode;
+    };
+
     void addSummary(const SetupWizardModel& model);
-    static void addSummaryRow(Card& card, const QString& label, const QString& value, Qt::TextElideMode mode);
+    static void addSummaryRow(QVBoxLayout& column, const SummaryRow& summary);
 };
 
 } // namespace flitmark

@@ -23,6 +23,8 @@ public:
 
     QSize sizeHint() const override { return m_content.sizeHint(); }
     QSize minimumSizeHint() const override { return m_content.sizeHint(); }
+    /// The width that cuts nothing of the title.
+    int wholeWidth() const { return m_content.wholeWidth(); }
 
 protected:
     bool hitButton(const QPoint& position) const override { return rect().contains(position); }

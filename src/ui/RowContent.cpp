@@ -16,6 +16,8 @@ namespace {
 
 constexpr double symbolSize = 20;
 constexpr double gap = 12;
+constexpr double plainPadding = 8;
+constexpr double cardPadding = 12;
 constexpr double swatchSize = 24;
 constexpr double swatchGap = 4;
 
@@ -26,6 +28,13 @@ QSize RowContent::sizeHint() const
     const int texts = second.isEmpty() ? 20 : 20 + 16;
     const int scaledTexts = rowHeight(TextRole::Strong) + (second.isEmpty() ? 0 : rowHeight(TextRole::Caption));
     return {scaled(96), height + scaledTexts - texts};
+}
+
+int RowContent::wholeWidth() const
+{
+    const double padding = ground == RowGround::Card ? cardPadding : plainPadding;
+    const double leading = symbol.isEmpty() ? 0 : symbolSize + gap;
+    return qCeil(2 * padding + leading + painting::lineWidth(title, fontOf(TextRole::Strong)));
 }
 
 void RowContent::paint(QPainter& painter, const QWidget& row, const ControlState& state) const
@@ -42,7 +51,7 @@ void RowContent::paint(QPainter& painter, const QRectF& box, const Theme& theme,
     }
     painting::fillRounded(painter, box, painting::controlRadius, painting::stateLayer(theme, state.level));
 
-    const double padding = !swatches.isEmpty() ? 16 : ground == RowGround::Card ? 12 : 8;
+    const double padding = !swatches.isEmpty() ? 16 : ground == RowGround::Card ? cardPadding : plainPadding;
     QRectF area = box.adjusted(padding, 0, -padding, 0);
     const double top = box.top() + (box.height() - symbolSize) / 2;
     const QColor marked = !state.isEnabled ? theme.off : isSelected ? theme.selMark : theme.*symbolColor;

@@ -57,6 +57,8 @@ struct RowContent
 
     /// The size at the text scale of now; the width is the least that makes sense.
     QSize sizeHint() const;
+    /// The width that shows the title whole, beside the symbol if there is one and nothing at the right.
+    int wholeWidth() const;
     void paint(QPainter& painter, const QWidget& row, const ControlState& state) const;
     /// For a row that is no widget of its own.
     void paint(QPainter& painter, const QRectF& box, const Theme& theme, const RowState& state) const;

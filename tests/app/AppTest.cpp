@@ -1,54 +1,26 @@
 // SPDX-FileCopyrightText: 2026 The Flitmark authors
 // SPDX-License-Identifier: MIT
 
-#include <app/AppDelegate.h>
 #include <app/PanelWindow.h>
 #include <app/Placement.h>
 #include <app/PlatformChoice.h>
+#include <app/Translations.h>
 #include <app/TriggerButtonView.h>
 #include <app/TriggerButtonWindow.h>
 #include <app/TriggerDrag.h>
 #include <app/UpdateWindow.h>
-#include <capture/DraftManager.h>
-#include <capture/NoteManager.h>
+#include <capture/NoteEditor.h>
 #include <checkin/PopupPlacement.h>
-#include <settings/SettingsStage.h>
+#include <settings/SettingsWindow.h>
 #include <support/Accessible.h>
 #include <ui/Theme.h>
 
+#include <QLineEdit>
+
+#include "Desktop.h"
+
 using namespace flitmark;
 using namespace std::chrono_literals;
-
-namespace {
-
-/// A home with everything the delegate works with, on a desktop without a display.
-struct Desktop : SettingsStage
-{
-    explicit Desktop(const std::function<void(AppConfig&)>& change = [](AppConfig&) {})
-    {
-        config.update([&](AppConfig& settings) {
-            settings.hasCompletedSetup = true;
-            change(settings);
-        });
-        delegate.applicationDidFinishLaunching();
-    }
-
-    PanelWindow& panel() { return *delegate.panelWindow(); }
-    TriggerButtonWindow& trigger() { return *delegate.triggerWindow(); }
-
-    FakeScreens screens;
-    FakeWindowManager windowManager;
-    FakeDialogs dialogs;
-    FakeKeyMonitor keyMonitor;
-    FakeUserDefaults userDefaults;
-    DraftManager draftManager{directories, loop};
-    NoteManager noteManager{config, loop, sound};
-    AppDelegate delegate{{directories, loop, notifications, config, updateController, controller, signalManager, daily,
-                          draftManager, noteManager, screens, windowManager, dialogs, workspace, keyMonitor,
-                          loginItemManager, userDefaults}};
-};
-
-} // namespace
 
 class AppTest final : public QObject
 {
@@ -68,6 +40,53 @@ private Q_SLOTS:
         // The toolkit keeps it in 256 steps.
         QVERIFY(std::abs(desktop.panel().windowOpacity() - 0.5) < 0.01);
         QCOMPARE(desktop.settings().panelWidth, 900); // until the user says otherwise
+    }
+    void composition_isTakenOverOrGivenUpButNotLost()
+    {
+        const auto compose = [] {
+            QInputMethodEvent event(QStringLiteral("ka"), {});
+            QCoreApplication::sendEvent(QApplication::focusWidget(), &event);
+        };
+        struct Row
+        {
+            std::function<void(Desktop&)> act;
+            const char* text;
+            bool staysOpen;
+        };
+        const auto pressing = [](Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+            return [key, modifiers](Desktop&) { QTest::keyClick(QApplication::focusWidget(), key, modifiers); };
+        };
+        const QList<Row> rows{
+            {pressing(Qt::Key_Escape), "x", true},
+            {pressing(Qt::Key_Return), "xka", true},
+            {pressing(Qt::Key_Enter, Qt::KeypadModifier), "xka", true},
+            {pressing(Qt::Key_Tab, Qt::ControlModifier), "xka", true},
+            {[](Desktop& desktop) { desktop.panel().setFocus(); }, "xka", true},
+            {[](Desktop& desktop) { desktop.delegate.hidePanel(); }, "xka", false},
+        };
+        for (const Row& row : rows) {
+            Desktop desktop;
+            desktop.delegate.showPanel();
+            QVERIFY(QTest::qWaitForWindowActive(&desktop.panel()));
+            QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("x"));
+            compose();
+            row.act(desktop);
+            QCOMPARE(desktop.panel().findChild<NoteEditor*>()->text(), QLatin1String(row.text));
+            QCOMPARE(desktop.delegate.isPanelVisible(), row.staysOpen);
+            QCOMPARE(desktop.draftManager.currentDraft()->content, QLatin1String(row.text));
+        }
+        Desktop desktop;
+        desktop.delegate.showSettingsWindow();
+        QWidget& window = *desktop.delegate.settingsWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        click(window, QStringLiteral("Vault"));
+        type(named<QLineEdit>(window, QStringLiteral("Default Save Subfolder")), QStringLiteral("x"));
+        compose();
+        press(Qt::Key_Escape);
+        QVERIFY(window.isVisible());
+        compose();
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return, Qt::ControlModifier);
+        QCOMPARE(desktop.settings().saveSubfolder, QStringLiteral("xka"));
     }
     void trigger_staysOnTheScreen()
     {
@@ -97,7 +116,7 @@ private Q_SLOTS:
         Desktop desktop;
         QVERIFY(desktop.loginService.registerProgram());
         desktop.loop.advance(1h);
-        QCOMPARE(desktop.dialogs.messages, QStringList());
+        QVERIFY(desktop.dialogs.questions.isEmpty());
         QCOMPARE(desktop.loginService.status(), LoginService::Status::Enabled);
     }
 
@@ -166,6 +185,28 @@ private Q_SLOTS:
         }
     }
 
+    void translation_isTheUsersFirstOneUnlessEnglishComesBefore()
+    {
+        QTemporaryDir own;
+        QTemporaryDir system;
+        // The least that is a catalogue: its mark, one hash, one message.
+        const QByteArray catalogue =
+            QByteArray::fromHex("3cb86418caef9c95cd211cbf60a1bddd42000000080000000000000000690000000101");
+        for (const auto& [folder, name] : {std::pair(&own, "de"), {&system, "de"}, {&system, "zh_TW"}}) {
+            writeTestFile(folder->filePath(QStringLiteral("flitmark_%1.qm").arg(QLatin1String(name))), catalogue);
+        }
+        const QString german = own.filePath(QStringLiteral("flitmark_de.qm"));
+        for (const auto& [languages, path] : {std::pair("de-AT,de", german),
+                                              {"fr-FR,fr,de,en", german},
+                                              {"zh-TW", system.filePath(QStringLiteral("flitmark_zh_TW.qm"))},
+                                              {"zh-CN,zh", QString()},
+                                              {"en-GB,en,de", QString()},
+                                              {"C", QString()},
+                                              {"fr,en-US,de", QString()}}) {
+            const auto found = loadTranslation(listOf(languages), {own.path(), system.path()});
+            QCOMPARE(found ? found->filePath() : QString(), path);
+        }
+    }
     void x11_isChosenUnlessTheUserChose()
     {
         QByteArray argument("flitmark");

@@ -110,6 +110,11 @@ private Q_SLOTS:
         QCOMPARE(panel.model.noteContent(), QStringLiteral("a\n\n\n\tb"));
         QTest::keyClick(&editor, Qt::Key_Tab, Qt::ControlModifier);
         QVERIFY(!editor.hasFocus());
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab, Qt::ShiftModifier);
+        QVERIFY(editor.hasFocus());
+        QTest::keyClick(&editor, Qt::Key_Backtab, Qt::ShiftModifier);
+        QVERIFY(!editor.hasFocus());
+        QCOMPARE(panel.model.noteContent(), QStringLiteral("a\n\n\n\tb"));
     }
     void editor_keepsEveryCharacterItIsGiven()
     {

@@ -33,9 +33,6 @@ class DailyTest(SetUpCase):
         self.program.click("Daily", window="Flitmark")
         self.program.find("Write the page", "check box", "Flitmark")
 
-    def wait_for_line(self, line):
-        wait_until(lambda: line in self.note.read_text().splitlines(), self.note.read_text)
-
     def test_edits_of_both_sides_are_kept(self):
         self.start_with_button(clock="@2026-01-22 14:00:00")
         self.open_daily_tab()

@@ -48,7 +48,7 @@ class FakeDialogs final : public Dialogs
 {
 public:
     QString answer;
-    QStringList messages;
+    QList<Question> questions;
 
     void chooseFolder(QWidget&, const QString&, FolderChosen onChosen) override
     {
@@ -58,7 +58,7 @@ public:
     }
     void ask(const Question& question, Answered onAnswered) override
     {
-        messages.append(question.message);
+        questions.append(question);
         onAnswered(0);
     }
 };

@@ -3,7 +3,6 @@
 
 #include <platform/linux/PortalRequest.h>
 
-#include <QCoreApplication>
 #include <QDBusObjectPath>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
@@ -14,11 +13,6 @@
 namespace flitmark {
 
 namespace {
-
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("KeyMonitor", text);
-}
 
 /// No portal at all, or one that knows no shortcuts, is the desktop's nature and not a refusal.
 KeyMonitor::State stateOf(const QDBusError& error)
@@ -37,7 +31,7 @@ KeyMonitor::State stateOf(const QDBusError& error)
     if (error.name().startsWith(QLatin1String("org.freedesktop.DBus.Error.Spawn."))) {
         return {};
     }
-    return {.status = KeyMonitor::Status::Refused, .reason = tr("It said: %1").arg(error.message())};
+    return {.status = KeyMonitor::Status::Refused, .reason = PortalRequest::tr("It said: %1").arg(error.message())};
 }
 
 } // namespace

@@ -35,7 +35,7 @@ public:
     void checkForUpdates() override { Q_EMIT attentionAsked(); }
     State state() const override
     {
-        return {.status = Status::NotOffered, .reason = tr("Updates come with your system's packages.")};
+        return {.status = Status::NotOffered, .reason = Updater::tr("Updates come with your system's packages.")};
     }
 };
 

@@ -1,9 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Flitmark authors
 // SPDX-License-Identifier: MIT
 
+#include <platform/KeyMonitor.h>
 #include <platform/linux/X11HotkeyWatch.h>
-
-#include <QCoreApplication>
 
 #include <poll.h>
 #include <sys/eventfd.h>
@@ -12,15 +11,6 @@
 #include <utility>
 
 namespace flitmark {
-
-namespace {
-
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("KeyMonitor", text);
-}
-
-} // namespace
 
 X11HotkeyWatch::X11HotkeyWatch(OwnWindows ownWindows, Handlers handlers)
     : m_ownWindows(ownWindows)
@@ -44,7 +34,7 @@ void X11HotkeyWatch::run()
             }
         }
     }
-    m_handlers.stateChanged({.reason = tr("The X server offers no way to watch for a key.")});
+    m_handlers.stateChanged({.reason = KeyMonitor::tr("The X server offers no way to watch for a key.")});
 }
 
 void X11HotkeyWatch::stop()
@@ -102,9 +92,10 @@ KeyMonitor::State X11HotkeyWatch::state() const
 {
     KeyMonitor::State state{.status = KeyMonitor::Status::Working};
     if (m_refused.test(m_keyboard.option)) {
-        state.reason = tr("Another program uses Alt+N too, and gets the key as well.");
+        state.reason = KeyMonitor::tr("Another program uses Alt+N too, and gets the key as well.");
     } else if (m_refused.any()) {
-        state.reason = tr("Another program uses Alt+N with further keys, such as Shift, and gets those as well.");
+        state.reason =
+            KeyMonitor::tr("Another program uses Alt+N with further keys, such as Shift, and gets those as well.");
     }
     return state;
 }

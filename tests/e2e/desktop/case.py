@@ -116,6 +116,11 @@ class DesktopCase(unittest.TestCase):
         (self.artifacts / "windows.txt").write_text(self.screen.run("xwininfo", "-root", "-tree"))
         print(f"evidence left in {self.artifacts}")
 
+    def wait_for_line(self, line):
+        """Waits until today's note has this line."""
+        note = self.home.daily_note
+        wait_until(lambda: line in note.read_text().splitlines(), note.read_text)
+
     def wait_for_note(self, folder="Inbox"):
         """The path of the first note in the folder of the vault, as soon as it is there."""
         return wait_until(lambda: self.home.notes(folder), f"a note in {folder}")[0]

@@ -149,7 +149,9 @@ class Program:
 
     def focused(self):
         """The control that has the keyboard, or None."""
-        return next((control for control in self.find_all() if unless_gone(lambda: control.has("focused"))), None)
+        # A list's current item calls itself focused in any window.
+        return next((control for control in self.find_all() if unless_gone(
+            lambda: control.has("focused") and control.window.has("active"))), None)
 
     def place_of(self, control):
         """Where the control is on screen. Its place inside its window is the program's word, the window's own place the
