@@ -18,7 +18,7 @@ bool CompositionFilter::eventFilter(QObject* watched, QEvent* event)
         m_field = m_composed.isEmpty() ? nullptr : watched;
         return false;
     }
-    if (!m_field) {
+    if (m_field.isNull()) {
         return false;
     }
     switch (event->type()) {
@@ -67,7 +67,7 @@ void CompositionFilter::takeOver()
     const QString composed = m_composed;
     // The input method's own text may differ from what is shown of it.
     QGuiApplication::inputMethod()->commit();
-    if (m_field) {
+    if (!m_field.isNull()) {
         replaceBy(composed);
     }
 }
@@ -75,7 +75,7 @@ void CompositionFilter::takeOver()
 void CompositionFilter::giveUp()
 {
     QGuiApplication::inputMethod()->reset();
-    if (m_field) {
+    if (!m_field.isNull()) {
         replaceBy({});
     }
 }
