@@ -93,7 +93,7 @@ class Gallery(case.SetUpCase):
             self.program.click(tab, window="Flitmark Settings")
             self.picture("Flitmark Settings", f"settings-{tab.lower()}")
         self.program.click("Help", window="Flitmark Settings")
-        self.program.find("Getting Started")
+        self.program.find("Prerequisites", "radio button")
         self.picture("Flitmark Settings", "help")
         if self.is_whole:
             self.program.stop()

@@ -16,7 +16,7 @@
 #include <checkin/CheckinWindowController.h>
 #include <config/ConfigManager.h>
 #include <daily/DailyNoteManager.h>
-#include <daily/DailyTabModel.h>
+#include <daily/tab/DailyTabModel.h>
 #include <platform/AppUpdateController.h>
 #include <platform/Dialogs.h>
 #include <platform/KeyMonitor.h>

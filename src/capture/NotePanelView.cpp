@@ -5,7 +5,7 @@
 #include <capture/NewTabView.h>
 #include <capture/NotePanelModel.h>
 #include <capture/NotePanelView.h>
-#include <daily/DailyTabView.h>
+#include <daily/tab/DailyTabView.h>
 #include <ui/IconButton.h>
 #include <ui/SegmentedTabs.h>
 

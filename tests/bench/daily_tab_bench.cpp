@@ -4,8 +4,8 @@
 // How long it takes from a note of 200 tasks being loaded again to the Daily tab painted anew. Ends with 1 when that
 // exceeds a frame where one task at most is another one. Usage: QT_QPA_PLATFORM=offscreen bench_daily_tab
 
-#include <daily/DailyTabModel.h>
-#include <daily/DailyTabView.h>
+#include <daily/tab/DailyTabModel.h>
+#include <daily/tab/DailyTabView.h>
 #include <support/TestServices.h>
 #include <ui/Motion.h>
 

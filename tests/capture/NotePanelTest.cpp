@@ -7,7 +7,7 @@
 #include <capture/NoteManager.h>
 #include <capture/NotePanelModel.h>
 #include <capture/NotePanelView.h>
-#include <daily/DailyTabModel.h>
+#include <daily/tab/DailyTabModel.h>
 #include <support/Accessible.h>
 #include <support/TestServices.h>
 #include <ui/ChipButton.h>

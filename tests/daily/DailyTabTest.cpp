@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Flitmark authors
 // SPDX-License-Identifier: MIT
 
-#include <daily/DailyTabModel.h>
-#include <daily/DailyTabView.h>
+#include <daily/tab/DailyTabModel.h>
+#include <daily/tab/DailyTabView.h>
 #include <support/Accessible.h>
 #include <support/TestServices.h>
 

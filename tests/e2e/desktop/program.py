@@ -154,13 +154,16 @@ class Program:
             lambda: control.has("focused") and control.window.has("active"))), None)
 
     def place_of(self, control):
-        """Where the control is on screen. Its place inside its window is the program's word, the window's own place the
-        X server's: that is where the pointer has to go."""
+        """Where the control is on screen. Its place inside its window is the program's word, in its own units, the
+        window's own place the X server's: that is where the pointer has to go."""
         inner = control.extents
         believed = control.window.extents
         windows = self._screen.windows(control.window.name)
         actual = windows[0].geometry if windows else believed
-        return Rectangle(inner.x - believed.x + actual.x, inner.y - believed.y + actual.y, inner.width, inner.height)
+        scale = float(self._environment.get("QT_SCALE_FACTOR", 1))
+        return Rectangle(round((inner.x - believed.x) * scale) + actual.x,
+                         round((inner.y - believed.y) * scale) + actual.y,
+                         round(inner.width * scale), round(inner.height * scale))
 
     def click(self, name, role=None, window=None, button=1):
         """Clicks a control with the pointer, as soon as it is there, enabled and at rest. Gives the control."""

@@ -4,7 +4,7 @@
 #include <checkin/CheckinWindowController.h>
 #include <core/Text.h>
 #include <daily/DailyNoteManager.h>
-#include <daily/DailyTabModel.h>
+#include <daily/tab/DailyTabModel.h>
 #include <platform/NotificationCenter.h>
 #include <signals/SignalManager.h>
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Flitmark authors
 // SPDX-License-Identifier: MIT
 
-#include <daily/LinesSection.h>
-#include <daily/SectionCaption.h>
+#include <daily/tab/LinesSection.h>
+#include <daily/tab/SectionCaption.h>
 #include <ui/Label.h>
 
 #include <QVBoxLayout>

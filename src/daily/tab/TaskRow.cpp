@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 
 #include <daily/NoteLines.h>
-#include <daily/TaskRow.h>
-#include <daily/TomatoTally.h>
+#include <daily/tab/TaskRow.h>
+#include <daily/tab/TomatoTally.h>
 #include <ui/AccessibleRole.h>
 #include <ui/ControlState.h>
 #include <ui/IconButton.h>

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Flitmark authors
 // SPDX-License-Identifier: MIT
 
-#include <daily/AddTaskRow.h>
-#include <daily/DailyTabModel.h>
-#include <daily/SectionCaption.h>
-#include <daily/TaskRow.h>
-#include <daily/TasksSection.h>
+#include <daily/tab/AddTaskRow.h>
+#include <daily/tab/DailyTabModel.h>
+#include <daily/tab/SectionCaption.h>
+#include <daily/tab/TaskRow.h>
+#include <daily/tab/TasksSection.h>
 #include <ui/IconButton.h>
 
 #include <QVBoxLayout>

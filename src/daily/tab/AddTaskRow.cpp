@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Flitmark authors
 // SPDX-License-Identifier: MIT
 
-#include <daily/AddTaskRow.h>
-#include <daily/DailyTabModel.h>
+#include <daily/tab/AddTaskRow.h>
+#include <daily/tab/DailyTabModel.h>
 #include <ui/IconButton.h>
 #include <ui/Surfaces.h>
 #include <ui/TextField.h>

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Flitmark authors
 // SPDX-License-Identifier: MIT
 
-#include <daily/DailyTabModel.h>
-#include <daily/TaskPickerSheet.h>
+#include <daily/tab/DailyTabModel.h>
+#include <daily/tab/TaskPickerSheet.h>
 #include <ui/ControlState.h>
 #include <ui/Label.h>
 #include <ui/Painting.h>

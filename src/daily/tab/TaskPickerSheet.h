@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include <daily/DailyTabRows.h>
+#include <daily/tab/DailyTabRows.h>
 #include <ui/Sheet.h>
 
 class QStackedLayout;

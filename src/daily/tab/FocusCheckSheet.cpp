@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Flitmark authors
 // SPDX-License-Identifier: MIT
 
-#include <daily/DailyTabModel.h>
-#include <daily/FocusCheckSheet.h>
+#include <daily/tab/DailyTabModel.h>
+#include <daily/tab/FocusCheckSheet.h>
 #include <ui/Button.h>
 #include <ui/Label.h>
 

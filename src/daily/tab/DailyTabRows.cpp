@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 
 #include <daily/DailyNoteManager.h>
-#include <daily/DailyTabRows.h>
 #include <daily/NoteLines.h>
+#include <daily/tab/DailyTabRows.h>
 
 #include <QCoreApplication>
 

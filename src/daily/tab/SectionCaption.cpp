@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Flitmark authors
 // SPDX-License-Identifier: MIT
 
-#include <daily/SectionCaption.h>
+#include <daily/tab/SectionCaption.h>
 #include <ui/Label.h>
 
 #include <QHBoxLayout>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include <daily/NoteLines.h>
-#include <daily/TomatoTally.h>
+#include <daily/tab/TomatoTally.h>
 #include <ui/ControlState.h>
 #include <ui/Label.h>
 #include <ui/Painting.h>

@@ -1,16 +1,16 @@
 // SPDX-FileCopyrightText: 2026 The Flitmark authors
 // SPDX-License-Identifier: MIT
 
-#include <daily/DailyDemoView.h>
-#include <daily/DailyTabModel.h>
-#include <daily/DailyTabView.h>
-#include <daily/FocusCheckSheet.h>
-#include <daily/FocusSection.h>
-#include <daily/LinesSection.h>
 #include <daily/NoteLines.h>
-#include <daily/PomodoroControls.h>
-#include <daily/TaskPickerSheet.h>
-#include <daily/TasksSection.h>
+#include <daily/tab/DailyDemoView.h>
+#include <daily/tab/DailyTabModel.h>
+#include <daily/tab/DailyTabView.h>
+#include <daily/tab/FocusCheckSheet.h>
+#include <daily/tab/FocusSection.h>
+#include <daily/tab/LinesSection.h>
+#include <daily/tab/PomodoroControls.h>
+#include <daily/tab/TaskPickerSheet.h>
+#include <daily/tab/TasksSection.h>
 #include <ui/Button.h>
 #include <ui/IconButton.h>
 #include <ui/Label.h>

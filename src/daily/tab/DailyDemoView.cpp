@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Flitmark authors
 // SPDX-License-Identifier: MIT
 
-#include <daily/DailyDemoView.h>
-#include <daily/DailyTabRows.h>
-#include <daily/SectionCaption.h>
+#include <daily/tab/DailyDemoView.h>
+#include <daily/tab/DailyTabRows.h>
+#include <daily/tab/SectionCaption.h>
 #include <ui/Button.h>
 #include <ui/Label.h>
 #include <ui/Surfaces.h>

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Flitmark authors
 // SPDX-License-Identifier: MIT
 
-#include <daily/DailyTabModel.h>
 #include <daily/NoteLines.h>
-#include <daily/PomodoroControls.h>
+#include <daily/tab/DailyTabModel.h>
+#include <daily/tab/PomodoroControls.h>
 #include <ui/IconButton.h>
 #include <ui/Painting.h>
 #include <ui/ThemeScope.h>

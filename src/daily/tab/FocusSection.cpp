@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Flitmark authors
 // SPDX-License-Identifier: MIT
 
-#include <daily/DailyTabModel.h>
-#include <daily/FocusSection.h>
-#include <daily/SectionCaption.h>
+#include <daily/tab/DailyTabModel.h>
+#include <daily/tab/FocusSection.h>
+#include <daily/tab/SectionCaption.h>
 #include <ui/Button.h>
 #include <ui/IconButton.h>
 #include <ui/Label.h>
