@@ -42,74 +42,44 @@ private Q_SLOTS:
         }
     }
 
-    void panel()
+    void panelAndButton()
     {
+        PanelWindow& panel = openPanel();
         look(m_desktop->trigger());
-        m_desktop->delegate.showPanel();
-        QVERIFY(QTest::qWaitForWindowActive(&m_desktop->panel()));
         QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("12 34"));
-        look(m_desktop->panel());
-        click(m_desktop->panel(), "Save");
-        look(m_desktop->panel());
+        visit(panel, {"Save"});
         m_desktop->loop.advance(1s);
-        m_desktop->delegate.showPanel();
+        openPanel();
         Q_EMIT m_desktop->notifications.showBrowseTab();
-        look(m_desktop->panel());
+        look(panel);
         writeTestFile(m_desktop->settings().vaultPath + QStringLiteral("/1/2.md"), "34");
-        writeTestFile(m_desktop->settings().vaultPath + QStringLiteral("/3.md"), "56");
-        click(m_desktop->panel(), "Refresh");
-        look(m_desktop->panel());
+        visit(panel, {"Refresh"});
     }
     void daily()
     {
-        m_desktop->delegate.showPanel();
-        QVERIFY(QTest::qWaitForWindowActive(&m_desktop->panel()));
+        PanelWindow& panel = openPanel();
         Q_EMIT m_desktop->notifications.showDailyTab();
-        PanelWindow& panel = m_desktop->panel();
         look(panel);
         writeTestFile(m_desktop->settings().vaultPath + QStringLiteral("/Daily/2026/2026-01-22.md"),
-                      "## Today's Focus\n**12**\n\n## Tasks\n- [x] 34 🍅🍅\n- [ ] 56\n- [ ] 78 🍅🍅🍅🍅🍅🍅🍅🍅\n\n"
+                      "## Today's Focus\n**12**\n\n## Tasks\n- [x] 34 🍅🍅\n- [ ] 78 🍅🍅🍅🍅🍅🍅🍅🍅\n\n"
                       "## Coach Notes\n- 9?\n\n## Work Done\n- 10\n");
-        click(panel, "Refresh");
-        look(panel);
-        click(panel, "Add task");
-        look(panel);
-        click(panel, "Cancel task");
-        click(panel, "Edit focus");
-        look(panel);
-        click(panel, "Cancel");
-        click(panel, "Mark focus done");
-        look(panel);
-        click(panel, "Cancel");
-        click(panel, "Start Pomodoro for a task");
-        look(panel);
+        visit(panel, {"Refresh", "Add task", "Cancel task", "Edit focus", "Cancel", "Mark focus done", "Cancel",
+                      "Start Pomodoro for a task"});
         press(Qt::Key_Escape);
-        click(panel, "Start Pomodoro for this task");
-        look(panel);
+        visit(panel, {"Start Pomodoro for this task", "Pause"});
         look(m_desktop->trigger());
-        click(panel, "Pause");
-        look(panel);
         const QString alert = m_desktop->signalManager.coachAlertURL();
         writeTestFile(alert, R"({"alert_id": "1", "triggered_at": "2", "planned": "3", "actual": "4",
                                  "misalignment_count": 5, "status": "pending"})");
         m_desktop->events.report(alert, FileEventSource::Event::Written);
-        m_desktop->loop.advance(1s);
-        QVERIFY(named<QWidget>(panel, PseudoLanguage::of("Focus Check")) != nullptr);
         look(panel);
+        QVERIFY(named<QWidget>(panel, PseudoLanguage::of("Focus Check")) != nullptr);
     }
     void settings()
     {
         m_desktop->delegate.showSettingsWindow();
-        SettingsWindow& window = *m_desktop->delegate.settingsWindow();
-        for (const char* tab : {"App", "Quick Tags", "Vault", "Notes", "Appearance", "Pomodoro", "Shortcuts"}) {
-            click(window, tab);
-            look(window);
-        }
-        click(window, "Quick Tags");
-        click(window, "Edit");
-        look(window);
-        click(window, "Help");
-        look(window);
+        visit(*m_desktop->delegate.settingsWindow(), {"App", "Vault", "Notes", "Appearance", "Pomodoro", "Shortcuts",
+                                                      "Quick Tags", "Edit", "Add Quick Tag", "Help"});
     }
     void help()
     {
@@ -117,7 +87,7 @@ private Q_SLOTS:
         for (QWidget* window : QApplication::topLevelWidgets()) {
             for (const HelpHeading& heading : helpHeadings()) {
                 if (qobject_cast<HelpWindow*>(window) != nullptr) {
-                    flitmark::click(*window, heading.title);
+                    click(*window, heading.title);
                     look(*window);
                 }
             }
@@ -125,18 +95,12 @@ private Q_SLOTS:
     }
     void wizard()
     {
-        start([](AppConfig& config) { config.hasCompletedSetup = false; });
+        start(false);
         SetupWizardWindow& window = *m_desktop->delegate.setupWindow();
         look(window);
-        click(window, "Get Started");
-        look(window);
-        click(window, "Use custom folder path");
+        visit(window, {"Get Started", "Use custom folder path"});
         type(named<QLineEdit>(window, PseudoLanguage::of("Vault path")), QStringLiteral("/1"));
-        look(window);
-        for (int step = 0; step < 2; ++step) {
-            click(window, "Next");
-            look(window);
-        }
+        visit(window, {"Next", "Next"});
     }
     void popups()
     {
@@ -146,11 +110,7 @@ private Q_SLOTS:
         look(*popups.dailyReviewWindow());
         popups.showCheckin([](const CheckinResponse&) {});
         look(*popups.checkinWindow());
-        for (const char* answer : {"Done → New task", "Change focus"}) {
-            click(*popups.checkinWindow(), answer);
-            look(*popups.checkinWindow());
-            click(*popups.checkinWindow(), "Cancel");
-        }
+        visit(*popups.checkinWindow(), {"Done → New task", "Cancel", "Change focus"});
     }
     void menuQuestionAndUpdates()
     {
@@ -179,18 +139,13 @@ private Q_SLOTS:
     }
 
 private:
-    template<typename Change>
-    void start(Change change)
+    void start(bool isSetUp = true)
     {
         m_desktop.reset();
-        m_desktop = std::make_unique<Desktop>(change);
+        m_desktop = std::make_unique<Desktop>([&](AppConfig& config) { config.hasCompletedSetup = isSetUp; });
         const QString vault = m_desktop->folder.filePath(QStringLiteral("0"));
         m_desktop->config.update([&](AppConfig& config) { config.vaultPath = vault; });
         m_desktop->changeCoach([](CoachConfig& coach) { coach.coachPrompt = QStringLiteral("1"); });
-    }
-    void start()
-    {
-        start([](AppConfig&) {});
     }
     void look(QWidget& window)
     {
@@ -199,10 +154,19 @@ private:
         m_faults += faultsInTexts(window);
         m_faults.removeDuplicates();
     }
-    void click(const QWidget& root, const char* name)
+    /// Clicks one button after the other, and looks at what each brings.
+    void visit(QWidget& window, std::initializer_list<const char*> buttons)
     {
-        m_desktop->loop.advance(200ms);
-        flitmark::click(root, PseudoLanguage::of(name));
+        for (const char* button : buttons) {
+            click(window, PseudoLanguage::of(button));
+            look(window);
+        }
+    }
+    PanelWindow& openPanel()
+    {
+        m_desktop->delegate.showPanel();
+        [&] { QVERIFY(QTest::qWaitForWindowActive(&m_desktop->panel())); }();
+        return m_desktop->panel();
     }
 
     PseudoLanguage m_language;

@@ -56,18 +56,12 @@ public:
 protected:
     int metric(PaintDeviceMetric metric) const override
     {
-        switch (metric) {
-        case PdmWidth:
-            return m_widget.width();
-        case PdmHeight:
-            return m_widget.height();
-        case PdmDevicePixelRatioScaled:
-            return static_cast<int>(devicePixelRatioFScale());
-        case PdmDevicePixelRatio:
-            return 1;
-        default:
-            return 96;
-        }
+        const int scale = static_cast<int>(devicePixelRatioFScale());
+        return metric == PdmWidth                    ? m_widget.width()
+               : metric == PdmHeight                 ? m_widget.height()
+               : metric == PdmDevicePixelRatioScaled ? scale
+               : metric == PdmDevicePixelRatio       ? 1
+                                                     : 96;
     }
 
 private:
