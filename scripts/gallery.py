@@ -34,17 +34,20 @@ Two good blocks. Take a walk before the third.
 |---|------|-------|
 """
 
-DARK = {"XDG_CURRENT_DESKTOP": "KDE", "KDE_FULL_SESSION": "true", "KDE_SESSION_VERSION": "5"}
-DARK_COLORS = "[Colors:Window]\nBackgroundNormal=32,33,36\nForegroundNormal=240,240,240\n"
+# The desktop's settings are read as on this one.
+DESKTOP = {"XDG_CURRENT_DESKTOP": "KDE", "KDE_FULL_SESSION": "true", "KDE_SESSION_VERSION": "5"}
+LARGE_TEXT = "[General]\nfont=Sans Serif,16,-1,5,50,0,0,0,0,0\n"
+DARK = "".join(f"[Colors:{part}]\nBackgroundNormal=32,33,36\nForegroundNormal=240,240,240\n"
+                      for part in ("Button", "Window", "View", "Selection"))
 PALETTES = ("obsidian_native", "calm_productivity", "forest_focus", "midnight_clarity", "warm_minimal")
 
-# Each look: its palette, whether the desktop is dark, what it adds to the environment, and whether all windows are taken.
-LOOKS = {f"{palette}-{scheme}": (palette, scheme == "dark", {}, palette == PALETTES[0])
-         for palette in PALETTES for scheme in ("light", "dark")}
+# Each look: its palette, the desktop's settings, what it adds to the environment, and whether all windows are taken.
+LOOKS = {f"{palette}-{scheme}": (palette, settings, {}, palette == PALETTES[0])
+         for palette in PALETTES for scheme, settings in (("light", ""), ("dark", DARK))}
 LOOKS |= {
-    "large-text": (PALETTES[0], False, {"QT_FONT_DPI": "144"}, True),
-    "scale-1.5": (PALETTES[1], False, {"QT_SCALE_FACTOR": "1.5"}, False),
-    "scale-2-dark": (PALETTES[0], True, {"QT_SCALE_FACTOR": "2"}, False),
+    "large-text": (PALETTES[0], LARGE_TEXT, {}, True),
+    "scale-1.5": (PALETTES[1], "", {"QT_SCALE_FACTOR": "1.5"}, False),
+    "scale-2-dark": (PALETTES[0], DARK, {"QT_SCALE_FACTOR": "2"}, False),
 }
 TABS = ("App", "Quick Tags", "Vault", "Notes", "Appearance", "Pomodoro", "Shortcuts")
 
@@ -57,25 +60,24 @@ class Gallery(case.SetUpCase):
     look = ""
 
     def setUp(self):
-        self.palette, self.is_dark, self.variables, self.is_whole = LOOKS[self.look]
+        self.palette, self.settings, self.variables, self.is_whole = LOOKS[self.look]
         super().setUp()
 
     def picture(self, title, name):
         number = len(list(self.folder.glob("*.png"))) + 1
         self.screen.window(title).picture(self.folder / f"{number:02}-{name}.png", 16)
 
-    def start_dressed(self, clock):
-        if self.is_dark:
-            (self.home.folder / ".config").mkdir(exist_ok=True)
-            (self.home.folder / ".config" / "kdeglobals").write_text(DARK_COLORS)
-        return self.start(clock=clock, **self.variables, **(DARK if self.is_dark else {}))
+    def start_dressed(self):
+        (self.home.folder / ".config").mkdir(exist_ok=True)
+        (self.home.folder / ".config" / "kdeglobals").write_text(self.settings)
+        return self.start(clock="@2026-01-22 10:15:00", **self.variables, **DESKTOP)
 
     def runTest(self):
         self.folder = case.ARTIFACTS / self.look
         self.folder.mkdir(parents=True)
         self.home.complete_setup(color_palette=self.palette, daily_reviews_enabled=True)
         self.home.write_daily_note(NOTE)
-        self.start_dressed("@2026-01-22 10:15:00")
+        self.start_dressed()
         self.open_panel()
         self.picture("Flitmark Button", "button")
         self.screen.type("Water the tomatoes before the weekend")
@@ -98,7 +100,7 @@ class Gallery(case.SetUpCase):
         if self.is_whole:
             self.program.stop()
             self.home.config_path.unlink()
-            self.start_dressed("@2026-01-22 10:15:00")
+            self.start_dressed()
             for sign, button in (("Quick Note Capture for Obsidian", "Get Started"),
                                  ("Select Your Obsidian Vault", "Next"), ("Configure Quick Tags", "Next"),
                                  ("You're All Set!", "")):
