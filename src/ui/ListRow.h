@@ -27,6 +27,8 @@ public:
     int wholeWidth() const { return m_content.wholeWidth(); }
 
 protected:
+    /// Chosen it stays chosen. Qt sees to that only among several.
+    void nextCheckState() override { setChecked(true); }
     bool hitButton(const QPoint& position) const override { return rect().contains(position); }
     void paintEvent(QPaintEvent* event) override;
 

@@ -99,6 +99,7 @@ private Q_SLOTS:
                 QTest::keyClick(button, key);
             }
             QVERIFY(pressingKeys < 0 || clicks.count() == 1 + pressingKeys);
+            QVERIFY(qobject_cast<ListRow*>(widget) == nullptr || button->isChecked());
             button->setEnabled(false);
             clicks.clear();
             QTest::keyClick(button, Qt::Key_Space);
