@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Flitmark authors
 // SPDX-License-Identifier: MIT
 
+#include <core/Text.h>
+#include <daily/DailyNoteEdits.h>
 #include <daily/DailyNoteManager.h>
 #include <daily/NoteLines.h>
 #include <daily/tab/DailyTabRows.h>
@@ -26,13 +28,26 @@ QString translated(const char* text)
     return QCoreApplication::translate("DailyTabDemo", text);
 }
 
+/// The tomatoes of each task.
+QList<qint64> tomatoCounts(const DailyNote& note)
+{
+    // The lines are found once: to ask the manager about each task would look through the note as often.
+    const QList<QStringView> lines = splitLines(note.content);
+    QList<qint64> counts;
+    for (const TaskItem& task : note.tasks) {
+        counts.append(DailyNoteEdits::pomodoroCount(lines.value(task.lineNumber)));
+    }
+    return counts;
+}
+
 } // namespace
 
 QList<DailyTaskRow> dailyTaskRows(const DailyNoteManager& manager)
 {
+    const QList<qint64> counts = tomatoCounts(manager.todayNote());
     QList<DailyTaskRow> rows;
     for (const TaskItem& task : manager.todayNote().tasks) {
-        const qint64 count = manager.pomodoroCountForTask(task.lineNumber);
+        const qint64 count = counts[rows.size()];
         rows.append({
             .id = task.id,
             .lineNumber = task.lineNumber,
@@ -47,12 +62,15 @@ QList<DailyTaskRow> dailyTaskRows(const DailyNoteManager& manager)
 
 QList<TaskPickerRow> taskPickerRows(const DailyNoteManager& manager)
 {
+    const QList<TaskItem>& tasks = manager.todayNote().tasks;
+    const QList<qint64> counts = tomatoCounts(manager.todayNote());
     QList<TaskPickerRow> rows;
-    for (const TaskItem& task : manager.todayNote().tasks) {
+    for (qsizetype i = 0; i < tasks.size(); ++i) {
+        const TaskItem& task = tasks[i];
         if (task.isCompleted) {
             continue;
         }
-        const qint64 count = manager.pomodoroCountForTask(task.lineNumber);
+        const qint64 count = counts[i];
         rows.append({
             .lineNumber = task.lineNumber,
             .text = task.text,
