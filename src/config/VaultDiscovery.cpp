@@ -18,16 +18,16 @@ namespace {
 /// The first of the places where Obsidian's list may lie that holds a file; empty when none does.
 QString findVaultList(const QString& home, const QString& configHome)
 {
-    const QString places[] = {
+    const QStringList places = {
         home + QStringLiteral("/Library/Application Support/obsidian/obsidian.json"),
         configHome + QStringLiteral("/obsidian/obsidian.json"),
         home + QStringLiteral("/.var/app/md.obsidian.Obsidian/config/obsidian/obsidian.json"),
         home + QStringLiteral("/snap/obsidian/current/.config/obsidian/obsidian.json"),
         home + QStringLiteral("/snap/obsidian/common/.config/obsidian/obsidian.json"),
     };
-    const auto found = std::find_if(std::begin(places), std::end(places),
-                                    [](const QString& place) { return QFileInfo::exists(place); });
-    return found != std::end(places) ? *found : QString();
+    const auto found =
+        std::find_if(places.begin(), places.end(), [](const QString& place) { return QFileInfo::exists(place); });
+    return found != places.end() ? *found : QString();
 }
 
 QString lastComponent(const QString& path)
@@ -56,8 +56,9 @@ std::optional<QList<DetectedVault>> detectObsidianVaults(const QString& home, co
     if (!entries.isObject()) {
         return std::nullopt;
     }
+    const QJsonObject listed = entries.toObject();
     QList<DetectedVault> vaults;
-    for (const QJsonValue& entry : entries.toObject()) {
+    for (const auto& entry : listed) {
         const QJsonValue path = entry.toObject().value(u"path");
         if (path.isString()) {
             vaults.append({QUuid::createUuid(), lastComponent(path.toString()), path.toString()});

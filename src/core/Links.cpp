@@ -6,8 +6,10 @@
 #include <QFile>
 #include <QStringList>
 
+#include <algorithm>
 #include <filesystem>
 #include <system_error>
+#include <utility>
 
 namespace flitmark {
 
@@ -18,10 +20,9 @@ constexpr int maximumLinks = 40;
 
 void pushReversed(QStringList& pending, const QString& path)
 {
-    const QStringList names = path.split(u'/', Qt::SkipEmptyParts);
-    for (auto name = names.crbegin(); name != names.crend(); ++name) {
-        pending.append(*name);
-    }
+    QStringList names = path.split(u'/', Qt::SkipEmptyParts);
+    std::reverse(names.begin(), names.end());
+    pending.append(std::move(names));
 }
 
 } // namespace

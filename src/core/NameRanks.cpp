@@ -213,11 +213,9 @@ QList<NameAlphabet::Class> NameAlphabet::classesOf(QStringList& characters, QStr
     QList<Class> classes;
     for (const QString& c : std::as_const(all)) {
         const bool isPlain = c.size() == 1 && c[0].unicode() <= lastPrintable;
-        if (classes.isEmpty()) {
-            classes.append(Class(c));
-        } else if (areAlike(classes.last().last(), c)) {
+        if (!classes.isEmpty() && areAlike(classes.last().last(), c)) {
             classes.last().append(c);
-        } else if (isPlain || compare(classes.last().last() + greatest, c) < 0) {
+        } else if (classes.isEmpty() || isPlain || compare(classes.last().last() + greatest, c) < 0) {
             classes.append(Class(c));
         } else {
             // It begins as another one does.

@@ -84,8 +84,10 @@ qsizetype findLineBreak(QStringView text)
         quint16 found = 0;
         for (qsizetype j = 0; j < block; ++j) {
             const quint16 u = units[i + j];
-            const bool isBreak = (static_cast<quint16>(u - 0x0AU) <= 3U) | (u == 0x85U) | ((u & 0xFFFEU) == 0x2028U);
-            found = static_cast<quint16>(found | static_cast<quint16>(isBreak));
+            const auto asciiBreak = static_cast<quint16>(static_cast<quint16>(u - 0x0AU) <= 3U);
+            const auto otherBreak = static_cast<quint16>(u == 0x85U);
+            const auto separator = static_cast<quint16>((u & 0xFFFEU) == 0x2028U);
+            found = static_cast<quint16>(found | asciiBreak | otherBreak | separator);
         }
         if (found != 0) {
             break;

@@ -34,11 +34,12 @@ void copyAttributes(int from, int to, const struct stat& old)
     }
     ::fchmod(to, old.st_mode & 07777U);
 
-    QByteArray names(64 * 1024, '\0');
+    constexpr qsizetype mostBytes = 65536; // of a list and of a value, as the system limits both
+    QByteArray names(mostBytes, '\0');
     const ssize_t length = ::flistxattr(from, names.data(), static_cast<size_t>(names.size()));
     for (ssize_t at = 0; at < length;) {
         const char* name = names.constData() + at;
-        QByteArray value(64 * 1024, '\0');
+        QByteArray value(mostBytes, '\0');
         const ssize_t size = ::fgetxattr(from, name, value.data(), static_cast<size_t>(value.size()));
         if (size >= 0) {
             ::fsetxattr(to, name, value.constData(), static_cast<size_t>(size), 0);

@@ -3,12 +3,14 @@
 
 #include <platform/Json.h>
 
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QLocale>
 #include <QStringList>
 
 #include <algorithm>
 #include <cmath>
+#include <string_view>
 
 namespace flitmark {
 
@@ -16,7 +18,7 @@ namespace {
 
 void appendString(QByteArray& out, const QString& text)
 {
-    static constexpr char hex[] = "0123456789abcdef";
+    constexpr std::string_view hex = "0123456789abcdef";
     out += '"';
     for (const char c : text.toUtf8()) {
         switch (c) {
@@ -95,7 +97,7 @@ void appendArray(QByteArray& out, const QJsonArray& array, int depth)
 {
     out += '[';
     bool isFirst = true;
-    for (const QJsonValue& item : array) {
+    for (const auto& item : array) {
         if (!isFirst) {
             out += ',';
         }
@@ -212,7 +214,8 @@ struct Reader<QStringList>
     static std::optional<QStringList> read(const QJsonValue& value)
     {
         QStringList list;
-        for (const QJsonValue& item : value.toArray()) {
+        const QJsonArray items = value.toArray();
+        for (const auto& item : items) {
             if (!item.isString()) {
                 return std::nullopt;
             }

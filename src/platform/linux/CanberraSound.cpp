@@ -44,7 +44,7 @@ private:
     /// The sound server reads files, so a sound is laid out of the program into the cache on first use.
     QString fileOf(const QString& name) const
     {
-        const QString path = m_folder + u'/' + name + QStringLiteral(".wav");
+        QString path = m_folder + u'/' + name + QStringLiteral(".wav");
         if (!QFile::exists(path)) {
             QFile sound(QStringLiteral(":/flitmark/sounds/%1.wav").arg(name));
             if (!sound.open(QIODevice::ReadOnly) || !createFolder(m_folder) || !replaceFile(path, sound.readAll())) {

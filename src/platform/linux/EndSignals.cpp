@@ -53,9 +53,7 @@ EndSignals::EndSignals(QObject* parent)
     }
 }
 
-EndSignals::~EndSignals()
-{
-    // The descriptor stays: a signal may still come.
-}
+// The descriptor stays: a signal may still come.
+EndSignals::~EndSignals() = default;
 
 } // namespace flitmark

@@ -35,7 +35,7 @@ public:
             return url.scheme() == QLatin1String("https");
         };
         /// A larger answer is refused.
-        qint64 longestAnswer = 1024 * 1024;
+        qint64 longestAnswer = qint64(1024) * 1024;
         /// A slower one too.
         RunLoop::Duration patience = std::chrono::seconds(15);
     };

@@ -61,7 +61,7 @@ QString RunningCopy::folderOfUser()
             return folder;
         }
     }
-    const QString own = Directories::ofUser().ownFolder();
+    QString own = Directories::ofUser().ownFolder();
     // A failure shows when the pipe can't be made.
     static_cast<void>(createFolder(own));
     return own;

@@ -105,6 +105,14 @@ class DesktopCase(unittest.TestCase):
         alarms = [line for line in output.splitlines() if any(alarm in line for alarm in _ALARMS)]
         self.assertEqual(alarms, [], output)
 
+    def end_program(self):
+        """Asks the program to end, if it still runs, and fails unless it does so without a fault. Only now can a sanitizer
+        tell what was leaked."""
+        if self.program.is_running:
+            self.program.stop()
+            self.assertEqual(self.program.status, 0, f"the program did not end well; its output:\n{self.program.output()}")
+            self.check_output()
+
     def keep_evidence(self):
         """Leaves a picture of the screen, the controls and the program's output for whoever looks into a failure."""
         self.artifacts.mkdir(parents=True, exist_ok=True)
@@ -144,6 +152,7 @@ def _leaving_evidence(test):
             test(self)
             if self.program is not None:
                 self.check_output()
+                self.end_program()
         except unittest.SkipTest:
             raise
         except BaseException:

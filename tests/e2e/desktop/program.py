@@ -12,15 +12,17 @@ from zoneinfo import ZoneInfo
 
 from . import accessibility, processes
 from .accessibility import Gone, Rectangle, unless_gone
-from .waiting import NotInTime, wait_until
+from .waiting import PATIENCE, NotInTime, wait_until
 
 _FAKE_TIME_LIBRARIES = "faketime/libfaketimeMT.so.1"
 
+_TESTS = Path(__file__).parents[2]
+
 # Under sanitizers the first report ends the program and shows in its output.
 _SANITIZER_OPTIONS = {
-    "ASAN_OPTIONS": "abort_on_error=0:detect_leaks=0:verify_asan_link_order=0",
+    "ASAN_OPTIONS": "abort_on_error=0:verify_asan_link_order=0",
     "UBSAN_OPTIONS": "print_stacktrace=1",
-    "TSAN_OPTIONS": "halt_on_error=1",
+    "TSAN_OPTIONS": f"suppressions={_TESTS}/threads.supp:print_suppressions=0:halt_on_error=1",
 }
 
 
@@ -99,7 +101,7 @@ class Program:
     def stop(self):
         """Ends the program, if it still runs."""
         self.ended_on_purpose = True
-        processes.stop(self._process)
+        processes.stop(self._process, 10.0 * PATIENCE)
 
     def send_signal(self, number):
         self._process.send_signal(number)
