@@ -5,12 +5,13 @@
 
 #include <QCoreApplication>
 #include <QFileInfo>
+#include <QStringList>
 
 namespace flitmark {
 
 QString inferDefaultVaultPath(const QString& home)
 {
-    static const QString candidates[] = {
+    static const QStringList candidates = {
         QStringLiteral("/Documents/Obsidian"),
         QStringLiteral("/Documents/Obsidian Vault"),
         QStringLiteral("/Obsidian"),
