@@ -107,7 +107,7 @@ std::optional<QUuid> parseUuid(const QString& text)
 QList<QuickTag> readQuickTags(const QJsonArray& array, const QString& path, QString& error)
 {
     QList<QuickTag> quickTags;
-    for (const QJsonValue& item : array) {
+    for (const auto& item : array) {
         const QString itemPath = path + u'.' + QString::number(quickTags.size());
         if (!item.isObject() && error.isEmpty()) {
             error = QStringLiteral("The value of \"%1\" is not an object.").arg(itemPath);

@@ -5,6 +5,7 @@
 
 #include <QCoreApplication>
 #include <QFileInfo>
+#include <QStringList>
 
 namespace flitmark {
 
@@ -19,7 +20,7 @@ struct Texts
 
 QString inferDefaultVaultPath(const QString& home)
 {
-    static const QString candidates[] = {
+    static const QStringList candidates = {
         QStringLiteral("/Documents/Obsidian"),
         QStringLiteral("/Documents/Obsidian Vault"),
         QStringLiteral("/Obsidian"),
