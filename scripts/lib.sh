@@ -65,3 +65,8 @@ build() {
     cmake --preset "$preset"
     cmake --build --preset "$preset" ${1:+--target "$@"}
 }
+
+# Runs a Python program that drives what users run on a desktop of its own, as the end-to-end tests do.
+drive_release() {
+    FLITMARK_PROGRAM=$PWD/build/release/flitmark PYTHONPATH=tests/e2e PYTHONDONTWRITEBYTECODE=1 "$python" "$@"
+}
