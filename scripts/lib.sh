@@ -7,7 +7,6 @@ set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 # The system's Python has the bindings the tests use; another one on the PATH may not.
-# shellcheck disable=SC2034  # used by the scripts that source this file
 python=/usr/bin/python3
 
 say() {
