@@ -16,8 +16,13 @@ namespace flitmark {
 namespace {
 
 /// The value of a single scalar token; undefined for a number that is out of all range.
-QJsonValue scalarValue(const QByteArray& text)
+QJsonValue scalarValue(QByteArray text)
 {
+    // At the beginning of a string Qt takes this character for a mark of the encoding, and drops it, unless it is
+    // escaped.
+    if (text.startsWith("\"\xEF\xBB\xBF")) {
+        text.replace(1, 3, "\\uFEFF");
+    }
     return QJsonDocument::fromJson('[' + text + ']').array().at(0);
 }
 
