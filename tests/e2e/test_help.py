@@ -23,8 +23,7 @@ class HelpTest(SetUpCase):
         self.start_with_button(PATH=f"{tools}:{self.desktop.environment['PATH']}")
 
     def open_help(self):
-        self.screen.click(*self.button().geometry.centre, 3)
-        self.screen.window("Flitmark Menu")
+        self.open_menu()
         # From its end: Quit, the Pomodoro timer, Help.
         self.screen.key("Up", "Up", "Up", "Return")
         return self.screen.window(HELP)

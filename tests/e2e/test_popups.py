@@ -29,10 +29,6 @@ class PopupsTest(SetUpCase):
         self.home.write_daily_note(NOTE)
         self.note = self.home.daily_note
 
-    def open_menu(self):
-        self.screen.click(*self.button().geometry.centre, 3)
-        self.screen.window("Flitmark Menu")
-
     def test_review_takes_the_keyboard_and_no_stray_key(self):
         bystander = self.start_bystander()
         self.start_with_button(clock="@2026-01-22 18:59:50")
