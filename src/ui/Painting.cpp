@@ -44,12 +44,13 @@ double emojiWidth(const QString& emoji, const QFont& font)
 /// The pixels an icon is drawn with, a square around its middle.
 QPixmap iconPicture(const QString& icon, int pixelSize, const QColor& color, double scale)
 {
-    const QString key = QStringLiteral("%1 %2 %3 %4").arg(icon).arg(pixelSize).arg(color.rgba()).arg(scale);
+    const QString key = QStringLiteral("%1 %2 %3 ").arg(pixelSize).arg(color.rgba()).arg(scale) + icon;
     QPixmap picture;
     if (!QPixmapCache::find(key, &picture)) {
         QFont font = fontOf(TextRole::Body);
         font.setPixelSize(pixelSize);
-        const int side = 2 * std::max(pixelSize, static_cast<int>(painting::lineWidth(icon, font) + 1) / 2);
+        const double width = painting::lineWidth(icon, font, EmojiStyle::Preferred);
+        const int side = 2 * std::max(pixelSize, static_cast<int>(std::ceil(width / 2)));
         picture = QPixmap(QSizeF(side, side).toSize() * scale);
         picture.setDevicePixelRatio(scale);
         picture.fill(Qt::transparent);
