@@ -99,7 +99,7 @@ void AppDelegate::promptForLaunchAtLoginIfNeeded()
         .buttons = {tr("Enable Auto-Start"), tr("Not Now")},
     };
     m_services.dialogs.ask(question, [this, guard = QPointer(this)](qsizetype button) {
-        if (!guard) {
+        if (guard == nullptr) {
             return;
         }
         m_services.userDefaults.setBoolean(launchAtLoginPromptKey(), true);
@@ -134,7 +134,7 @@ void AppDelegate::showUpdateWindow()
 
 void AppDelegate::showHelpWindow()
 {
-    if (m_helpWindow && m_helpWindow->isVisible()) {
+    if (m_helpWindow != nullptr && m_helpWindow->isVisible()) {
         makeKeyAndOrderFront(*m_helpWindow);
         return;
     }

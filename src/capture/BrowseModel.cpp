@@ -53,7 +53,7 @@ QString BrowseModel::previewOf(qsizetype index)
     if (const QString* known = m_previews.object(index)) {
         return *known;
     }
-    const QString preview = m_browseItems[index].readPreview();
+    QString preview = m_browseItems[index].readPreview();
     m_previews.insert(index, new QString(preview));
     return preview;
 }
@@ -64,7 +64,7 @@ QString BrowseModel::summary() const
                                                         [](const VaultItem& item) { return item.isDirectory; }));
     const int notes = static_cast<int>(m_browseItems.size()) - folders;
     const QString folderCount = tr("%n folders", nullptr, folders);
-    const QString noteCount = tr("%n notes", nullptr, notes);
+    QString noteCount = tr("%n notes", nullptr, notes);
     if (folders == 0) {
         return noteCount;
     }

@@ -56,7 +56,7 @@ void NoteEditor::keyPressEvent(QKeyEvent* event)
     const bool isBack = event->key() == Qt::Key_Backtab ||
                         (event->key() == Qt::Key_Tab && event->modifiers().testFlag(Qt::ShiftModifier));
     if (isBack || (event->key() == Qt::Key_Tab && event->modifiers().testFlag(Qt::ControlModifier))) {
-        // Not QTextEdit's own, which refuses because Tab types.
+        // Not QTextEdit's own, which refuses because Tab types. NOLINTNEXTLINE(bugprone-parent-virtual-call)
         QWidget::focusNextPrevChild(!isBack);
         return;
     }

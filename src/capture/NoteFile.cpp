@@ -16,7 +16,7 @@ namespace flitmark {
 namespace {
 
 constexpr qsizetype maximumNotes = 20;
-constexpr qsizetype previewCharacters = 100;
+constexpr qsizetype notePreviewCharacters = 100;
 
 bool isNewer(const FolderEntry& a, const FolderEntry& b)
 {
@@ -44,7 +44,7 @@ QList<NoteFile> listRecentNotes(const QString& folder)
         notes.append({
             .id = path,
             .title = head.title.value_or(entry.name.chopped(3)),
-            .preview = firstCharacters(head.previewLine, previewCharacters).toString(),
+            .preview = firstCharacters(head.previewLine, notePreviewCharacters).toString(),
             .modificationDate = entry.modificationDate(),
         });
     }

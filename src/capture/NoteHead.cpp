@@ -15,9 +15,9 @@ namespace {
 
 // Most notes show title and preview in a few lines. One without a heading has to be read to its end, but a text that
 // found its way into the folder by mistake must not hold the panel up.
-constexpr qint64 shortRead = 4 * 1024;
-constexpr qint64 firstRead = 16 * 1024;
-constexpr qint64 longestRead = 1024 * 1024;
+constexpr qint64 shortRead = qint64(4) * 1024;
+constexpr qint64 firstRead = qint64(16) * 1024;
+constexpr qint64 longestRead = qint64(1024) * 1024;
 
 using Lines = QList<QStringView>;
 

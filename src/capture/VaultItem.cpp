@@ -19,7 +19,7 @@ namespace flitmark {
 
 namespace {
 
-constexpr qsizetype previewCharacters = 80;
+constexpr qsizetype itemPreviewCharacters = 80;
 
 QString folderIcon(const QString& lowerCasedName)
 {
@@ -34,7 +34,7 @@ QString folderIcon(const QString& lowerCasedName)
         {QStringLiteral("client"), QStringLiteral("person.2")},
         {QStringLiteral("personal"), QStringLiteral("person")},
     }};
-    const auto found =
+    const auto* const found =
         std::find_if(icons.begin(), icons.end(), [&](const auto& icon) { return lowerCasedName.contains(icon.first); });
     return found != icons.end() ? found->second : QStringLiteral("folder.fill");
 }
@@ -80,7 +80,7 @@ QString VaultItem::icon() const
 
 QString VaultItem::readPreview() const
 {
-    return isFile ? firstCharacters(readPreviewLine(id()), previewCharacters).toString() : QString();
+    return isFile ? firstCharacters(readPreviewLine(id()), itemPreviewCharacters).toString() : QString();
 }
 
 QList<VaultItem> listVaultItems(const QString& folder, const NameOrder& order)

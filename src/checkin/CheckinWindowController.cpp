@@ -157,7 +157,7 @@ void CheckinWindowController::showCheckin()
         return;
     }
     m_services.popups.showCheckin([self = QPointer(this)](const CheckinResponse& response) {
-        if (self) {
+        if (self != nullptr) {
             self->handleCheckinResponse(response);
         }
     });
@@ -226,7 +226,7 @@ void CheckinWindowController::showDailyReview()
         return;
     }
     m_services.popups.showDailyReview([self = QPointer(this)](DailyReviewAction action) {
-        if (self) {
+        if (self != nullptr) {
             self->handleDailyReviewAction(action);
         }
     });

@@ -12,7 +12,7 @@ namespace flitmark {
 
 namespace {
 
-constexpr qint64 snoozeSeconds = 15 * 60;
+constexpr qint64 snoozeSeconds = qint64(15) * 60;
 constexpr int longestWayBack = 4 * 60;
 
 int minuteOfDay(const QDateTime& time)

@@ -16,6 +16,7 @@
 
 #include <QCoreApplication>
 
+#include <tuple>
 #include <utility>
 
 namespace flitmark {
@@ -90,7 +91,7 @@ void DesktopPopups::showCheckin(CheckinCallback onDismiss)
     QObject::connect(model.get(), &CheckinModel::noteChanged, &window, showCount);
     showCount();
     QObject::connect(&window, &PopupWindow::dismissed, model.get(), &CheckinModel::dismiss);
-    model.release();
+    std::ignore = model.release();
     applyPalette(window);
 
     const QSizeF size = window.fittingSize();

@@ -87,7 +87,7 @@ bool isCharacter(QStringView text, qsizetype position, qsizetype length)
 template<typename Visit>
 void forEachTomato(QStringView line, Visit visit)
 {
-    const qsizetype length = QStringView(tomato).size();
+    const qsizetype length = tomato.size();
     for (qsizetype at = line.indexOf(tomato); at >= 0; at = line.indexOf(tomato, at + length)) {
         if (isCharacter(line, at, length)) {
             visit(at);
@@ -169,11 +169,11 @@ std::optional<LineChanges> DailyNoteEdits::addNewTask(const Lines& lines, const 
     std::optional<qsizetype> at;
     for (qsizetype i = 0; i < lines.size(); ++i) {
         const QStringView trimmed = trimSpaces(lines[i]);
-        if (isSectionNamed(trimmed, u"task") || isSectionNamed(trimmed, u"scheduled")) {
-            at = i + 1;
-        } else if (at && sectionHeading(trimmed)) {
+        const bool beginsTasks = isSectionNamed(trimmed, u"task") || isSectionNamed(trimmed, u"scheduled");
+        if (at && !beginsTasks && sectionHeading(trimmed)) {
             break;
-        } else if (at && containsTaskMarker(lines[i])) {
+        }
+        if (beginsTasks || (at && containsTaskMarker(lines[i]))) {
             at = i + 1;
         }
     }
@@ -208,7 +208,7 @@ std::optional<LineChanges> DailyNoteEdits::removePomodoroFromTask(const Lines& l
     if (!last) {
         return std::nullopt;
     }
-    const qsizetype end = lastAfterSpace.value_or(*last) + QStringView(tomato).size();
+    const qsizetype end = lastAfterSpace.value_or(*last) + tomato.size();
     const qsizetype start = lastAfterSpace ? *lastAfterSpace - 1 : *last;
     return replacement(line, old.first(start).toString().append(old.sliced(end)));
 }

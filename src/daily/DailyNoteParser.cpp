@@ -196,9 +196,17 @@ private:
         const quint64 a = m_random->generate();
         const quint64 b = m_random->generate();
         const auto byte = [b](int index) { return static_cast<uchar>(b >> (8 * index)); };
-        return QUuid(static_cast<uint>(a), static_cast<ushort>(a >> 32U),
-                     static_cast<ushort>((a >> 48U & 0x0FFFU) | 0x4000U), static_cast<uchar>((byte(0) & 0x3FU) | 0x80U),
-                     byte(1), byte(2), byte(3), byte(4), byte(5), byte(6), byte(7));
+        return {static_cast<uint>(a),
+                static_cast<ushort>(a >> 32U),
+                static_cast<ushort>((a >> 48U & 0x0FFFU) | 0x4000U),
+                static_cast<uchar>((byte(0) & 0x3FU) | 0x80U),
+                byte(1),
+                byte(2),
+                byte(3),
+                byte(4),
+                byte(5),
+                byte(6),
+                byte(7)};
     }
 
     ParsedDailyNote m_note;

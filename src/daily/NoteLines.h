@@ -11,7 +11,7 @@
 namespace flitmark {
 
 /// The mark of a finished Pomodoro.
-inline constexpr char16_t tomato[] = u"🍅";
+inline constexpr QStringView tomato = u"🍅";
 
 /// A text in lower case, for looking up several words in it.
 class LowerCased

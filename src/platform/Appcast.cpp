@@ -34,12 +34,12 @@ struct RawItem
     QString notesLink;
 };
 
-class Reader final
+class FeedReader final
 {
     Q_DECLARE_TR_FUNCTIONS(Appcast)
 
 public:
-    explicit Reader(const QByteArray& xml)
+    explicit FeedReader(const QByteArray& xml)
         : m_xml(xml)
     {
     }
@@ -154,7 +154,7 @@ private:
 
 tl::expected<std::vector<AppcastItem>, QString> parseAppcast(const QByteArray& xml)
 {
-    return Reader(xml).read();
+    return FeedReader(xml).read();
 }
 
 std::optional<AppcastItem> newerThan(const QVersionNumber& own, const std::vector<AppcastItem>& items)

@@ -13,10 +13,10 @@ tl::expected<QByteArray, FileError> readAll(const Descriptor& file)
 {
     struct stat info = {};
     if (::fstat(file.get(), &info) != 0) {
-        return tl::unexpected(FileError::ofSystem(errno));
+        return systemError(errno);
     }
     if (S_ISDIR(info.st_mode)) {
-        return tl::unexpected(FileError::ofSystem(EISDIR));
+        return systemError(EISDIR);
     }
     // One byte more than the file should have, to see its end without growing.
     QByteArray bytes(static_cast<qsizetype>(info.st_size) + 1, Qt::Uninitialized);
@@ -30,7 +30,7 @@ tl::expected<QByteArray, FileError> readAll(const Descriptor& file)
             continue;
         }
         if (n < 0) {
-            return tl::unexpected(FileError::ofSystem(errno));
+            return systemError(errno);
         }
         if (n == 0) {
             bytes.resize(done);
@@ -49,7 +49,7 @@ tl::expected<void, FileError> writeAll(const Descriptor& file, const QByteArray&
             continue;
         }
         if (n < 0) {
-            return tl::unexpected(FileError::ofSystem(errno));
+            return systemError(errno);
         }
         done += n;
     }

@@ -20,11 +20,6 @@ namespace flitmark {
 
 namespace {
 
-tl::unexpected<FileError> systemError(int code)
-{
-    return tl::unexpected(FileError::ofSystem(code));
-}
-
 /// Gives the new file what the old one had besides its content. What the system does not allow is left out.
 void copyAttributes(int from, int to, const struct stat& old)
 {

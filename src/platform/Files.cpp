@@ -20,16 +20,16 @@ namespace flitmark {
 
 namespace {
 
-tl::unexpected<FileError> systemError(int code)
-{
-    return tl::unexpected(FileError::ofSystem(code));
-}
-
 } // namespace
 
 FileError FileError::ofSystem(int code)
 {
     return {QString::fromLocal8Bit(::strerrordesc_np(code))};
+}
+
+tl::unexpected<FileError> systemError(int code)
+{
+    return tl::unexpected(FileError::ofSystem(code));
 }
 
 tl::expected<QByteArray, FileError> readFile(const QString& path)

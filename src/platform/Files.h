@@ -22,6 +22,9 @@ struct FileError
     static FileError ofSystem(int code);
 };
 
+/// The same as a result: what an operation returns that failed with the error number `code`.
+tl::unexpected<FileError> systemError(int code);
+
 /// The whole content of the file at `path`.
 tl::expected<QByteArray, FileError> readFile(const QString& path);
 

@@ -18,12 +18,12 @@ tl::expected<QList<FolderEntry>, FileError> listFolder(const QString& path,
                                                        const std::function<bool(const QString& name)>& isWanted)
 {
     if (path.contains(QChar::Null)) {
-        return tl::unexpected(FileError::ofSystem(EINVAL));
+        return systemError(EINVAL);
     }
     const auto close = [](DIR* folder) { ::closedir(folder); };
     const std::unique_ptr<DIR, decltype(close)> folder(::opendir(QFile::encodeName(path).constData()));
     if (!folder) {
-        return tl::unexpected(FileError::ofSystem(errno));
+        return systemError(errno);
     }
     QList<FolderEntry> entries;
     while (true) {
@@ -50,7 +50,7 @@ tl::expected<QList<FolderEntry>, FileError> listFolder(const QString& path,
         });
     }
     if (errno != 0) {
-        return tl::unexpected(FileError::ofSystem(errno));
+        return systemError(errno);
     }
     return entries;
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include <platform/Json.h>
+#include <platform/RawJson.h>
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -65,12 +66,6 @@ void appendNumber(QByteArray& out, const QJsonValue& value)
                : QByteArray::number(variant.toDouble(), 'g', QLocale::FloatingPointShortest);
 }
 
-void appendLine(QByteArray& out, int depth)
-{
-    out += '\n';
-    out.append(2 * static_cast<qsizetype>(depth), ' ');
-}
-
 void appendValue(QByteArray& out, const QJsonValue& value, int depth);
 
 void appendObject(QByteArray& out, const QJsonObject& object, int depth)
@@ -82,13 +77,13 @@ void appendObject(QByteArray& out, const QJsonObject& object, int depth)
         if (out.back() != '{') {
             out += ',';
         }
-        appendLine(out, depth + 1);
+        appendJsonLine(out, depth + 1);
         appendString(out, key);
         out += ": ";
         appendValue(out, object.value(key), depth + 1);
     }
     if (!keys.isEmpty()) {
-        appendLine(out, depth);
+        appendJsonLine(out, depth);
     }
     out += '}';
 }
@@ -102,11 +97,11 @@ void appendArray(QByteArray& out, const QJsonArray& array, int depth)
             out += ',';
         }
         isFirst = false;
-        appendLine(out, depth + 1);
+        appendJsonLine(out, depth + 1);
         appendValue(out, item, depth + 1);
     }
     if (!array.isEmpty()) {
-        appendLine(out, depth);
+        appendJsonLine(out, depth);
     }
     out += ']';
 }
@@ -138,10 +133,10 @@ void appendValue(QByteArray& out, const QJsonValue& value, int depth)
 
 /// What a value of the wrong type should have been, and the value itself when it is right.
 template<typename T>
-struct Reader;
+struct FieldReader;
 
 template<>
-struct Reader<QString>
+struct FieldReader<QString>
 {
     static constexpr QLatin1StringView name{"a string"};
     static std::optional<QString> read(const QJsonValue& value)
@@ -151,7 +146,7 @@ struct Reader<QString>
 };
 
 template<>
-struct Reader<bool>
+struct FieldReader<bool>
 {
     static constexpr QLatin1StringView name{"true or false"};
     static std::optional<bool> read(const QJsonValue& value)
@@ -161,7 +156,7 @@ struct Reader<bool>
 };
 
 template<>
-struct Reader<double>
+struct FieldReader<double>
 {
     static constexpr QLatin1StringView name{"a number"};
     static std::optional<double> read(const QJsonValue& value)
@@ -171,7 +166,7 @@ struct Reader<double>
 };
 
 template<>
-struct Reader<qint64>
+struct FieldReader<qint64>
 {
     static constexpr QLatin1StringView name{"a whole number"};
     static std::optional<qint64> read(const QJsonValue& value)
@@ -188,7 +183,7 @@ struct Reader<qint64>
 };
 
 template<>
-struct Reader<QJsonObject>
+struct FieldReader<QJsonObject>
 {
     static constexpr QLatin1StringView name{"an object"};
     static std::optional<QJsonObject> read(const QJsonValue& value)
@@ -198,7 +193,7 @@ struct Reader<QJsonObject>
 };
 
 template<>
-struct Reader<QJsonArray>
+struct FieldReader<QJsonArray>
 {
     static constexpr QLatin1StringView name{"a list"};
     static std::optional<QJsonArray> read(const QJsonValue& value)
@@ -208,7 +203,7 @@ struct Reader<QJsonArray>
 };
 
 template<>
-struct Reader<QStringList>
+struct FieldReader<QStringList>
 {
     static constexpr QLatin1StringView name{"a list of strings"};
     static std::optional<QStringList> read(const QJsonValue& value)
@@ -263,9 +258,9 @@ T JsonFields::required(const QString& key)
         fail(key, QStringLiteral("is missing"));
         return T();
     }
-    const std::optional<T> value = Reader<T>::read(m_object.value(key));
+    const std::optional<T> value = FieldReader<T>::read(m_object.value(key));
     if (!value) {
-        fail(key, QStringLiteral("is not ") + Reader<T>::name);
+        fail(key, QStringLiteral("is not ") + FieldReader<T>::name);
     }
     return value.value_or(T());
 }

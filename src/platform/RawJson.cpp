@@ -26,12 +26,6 @@ QJsonValue scalarValue(QByteArray text)
     return QJsonDocument::fromJson('[' + text + ']').array().at(0);
 }
 
-void appendLine(QByteArray& out, int depth)
-{
-    out += '\n';
-    out.append(2 * static_cast<qsizetype>(depth), ' ');
-}
-
 /// `text`, a scalar as written, with its slashes escaped.
 void appendScalar(QByteArray& out, const QByteArray& text)
 {
@@ -58,7 +52,7 @@ void appendValue(QByteArray& out, const RawJson& value, int depth)
         if (!std::exchange(isFirst, false)) {
             out += ',';
         }
-        appendLine(out, depth + 1);
+        appendJsonLine(out, depth + 1);
     };
     for (const RawJson::Member& member : value.members) {
         startItem();
@@ -71,12 +65,18 @@ void appendValue(QByteArray& out, const RawJson& value, int depth)
         appendValue(out, item, depth + 1);
     }
     if (!isFirst) {
-        appendLine(out, depth);
+        appendJsonLine(out, depth);
     }
     out += isObject ? '}' : ']';
 }
 
 } // namespace
+
+void appendJsonLine(QByteArray& out, int depth)
+{
+    out += '\n';
+    out.append(2 * static_cast<qsizetype>(depth), ' ');
+}
 
 bool RawJson::isBefore(const Member& a, const Member& b)
 {

@@ -52,4 +52,7 @@ struct RawJson::Member
     RawJson value;
 };
 
+/// Begins a line of indented JSON, `depth` levels deep.
+void appendJsonLine(QByteArray& out, int depth);
+
 } // namespace flitmark

@@ -129,9 +129,8 @@ tl::expected<ReplaceOutcome, FileError> replaceFileIfUnchanged(const QString& pa
         return ReplaceOutcome::Changed;
     }
     if (!replacement.exchange()) {
-        return errno == EINVAL || errno == ENOSYS
-                   ? renameOver(replacement, old, expected)
-                   : tl::expected<ReplaceOutcome, FileError>(tl::unexpected(FileError::ofSystem(errno)));
+        return errno == EINVAL || errno == ENOSYS ? renameOver(replacement, old, expected)
+                                                  : tl::expected<ReplaceOutcome, FileError>(systemError(errno));
     }
     // Whoever turned to the new content waits for us; where the system can't make him wait, and he has written into it
     // already, that is the file.

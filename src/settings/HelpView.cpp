@@ -75,7 +75,7 @@ HelpView::HelpView(const HelpServices& services, Corners corners, QWidget* paren
     select(HelpSection::overview);
 }
 
-QLayout* HelpView::makeHeader()
+QLayout* HelpView::makeHeader() const
 {
     auto* row = new QHBoxLayout;
     row->setContentsMargins(16, 8, 24, 8);

@@ -39,7 +39,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    QLayout* makeHeader();
+    QLayout* makeHeader() const;
     QWidget* makeSidebar(Corners corners);
     void select(HelpSection section);
 

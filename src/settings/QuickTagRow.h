@@ -30,7 +30,7 @@ public:
 
     QUuid id() const { return m_tag.id; }
     void showTag(const QuickTag& tag);
-    void setEditing(bool isEditing);
+    void setEditing(bool isEdited);
     /// Gives the keyboard to the button that deletes the tag.
     void focusDelete();
 

@@ -124,7 +124,7 @@ public:
     bool automaticallyChecksForUpdates() const;
     /// Stored at once.
     void setAutomaticallyChecksForUpdates(bool checks);
-    void checkForUpdates();
+    void checkForUpdates() const;
     bool areUpdatesOffered() const;
     /// What the last check found, in one line; empty when there is nothing to say.
     QString updateResult() const;

@@ -42,7 +42,7 @@ void SettingsModel::setAutomaticallyChecksForUpdates(bool checks)
     Q_EMIT changed();
 }
 
-void SettingsModel::checkForUpdates()
+void SettingsModel::checkForUpdates() const
 {
     m_services.updateController.updater().checkForUpdates();
 }

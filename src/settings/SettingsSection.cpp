@@ -17,7 +17,6 @@ namespace flitmark {
 
 namespace {
 
-constexpr int sideMargin = 24;
 constexpr int topMargin = 20;
 
 } // namespace

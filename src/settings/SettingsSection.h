@@ -25,6 +25,9 @@ class SettingsSection : public QWidget
     Q_OBJECT
 
 public:
+    /// The margin at both sides of all that the window holds, in points.
+    static constexpr int sideMargin = 24;
+
     /// The model must outlive it.
     explicit SettingsSection(SettingsModel& model);
     Q_DISABLE_COPY_MOVE(SettingsSection)

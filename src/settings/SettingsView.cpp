@@ -26,7 +26,6 @@ namespace flitmark {
 
 namespace {
 
-constexpr int sideMargin = 24;
 constexpr QSize smallestSize(640, 360);
 
 } // namespace
@@ -56,7 +55,7 @@ SettingsView::SettingsView(SettingsModel& model, Dialogs& dialogs, const KeyMoni
     connect(&model, &SettingsModel::selectedTabChanged, this, &SettingsView::showSelectedTab);
 }
 
-QLayout* SettingsView::makeHeader()
+QLayout* SettingsView::makeHeader() const
 {
     auto* title = new Label(tr("Flitmark Settings"), TextRole::Title);
     title->setElideMode(Qt::ElideRight);
@@ -66,7 +65,7 @@ QLayout* SettingsView::makeHeader()
     done->setToolTip(tr("Save the settings (Ctrl+Return)"));
     done->setAccessibleName(tr("Done"));
     auto* row = new QHBoxLayout;
-    row->setContentsMargins(sideMargin, 16, sideMargin, 12);
+    row->setContentsMargins(SettingsSection::sideMargin, 16, SettingsSection::sideMargin, 12);
     row->setSpacing(8);
     row->addWidget(title, 1);
     row->addWidget(help);
@@ -91,7 +90,7 @@ QLayout* SettingsView::makeTabs()
     connect(m_tabs, &TabTiles::currentChanged, this,
             [this](int index) { m_model.setSelectedTab(static_cast<SettingsModel::Tab>(index)); });
     auto* row = new QHBoxLayout;
-    row->setContentsMargins(sideMargin, 0, sideMargin, 12);
+    row->setContentsMargins(SettingsSection::sideMargin, 0, SettingsSection::sideMargin, 12);
     row->addWidget(m_tabs);
     return row;
 }

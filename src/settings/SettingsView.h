@@ -47,7 +47,7 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    QLayout* makeHeader();
+    QLayout* makeHeader() const;
     QLayout* makeTabs();
     SettingsSection* makeSection();
     void showSelectedTab();

@@ -16,7 +16,7 @@ namespace {
 constexpr double boxSize = 20;
 constexpr double boxRadius = 4;
 constexpr double checkSize = 16;
-constexpr double gap = 8;
+constexpr double labelGap = 8;
 
 } // namespace
 
@@ -31,7 +31,7 @@ CheckBox::CheckBox(const QString& text, QWidget* parent)
 QSize CheckBox::sizeHint() const
 {
     const QString label = plainText(*this);
-    const double text = label.isEmpty() ? 0 : gap + painting::lineWidth(label, fontOf(TextRole::Body));
+    const double text = label.isEmpty() ? 0 : labelGap + painting::lineWidth(label, fontOf(TextRole::Body));
     const int height = std::max(static_cast<int>(boxSize), rowHeight(TextRole::Body));
     return {static_cast<int>(std::ceil(2 * ringRoom + boxSize + text)), 2 * ringRoom + height};
 }
@@ -56,7 +56,7 @@ void CheckBox::paintEvent(QPaintEvent* /*event*/)
         painting::strokeRounded(painter, box.adjusted(-reach, -reach, reach, reach), 8, painting::focusWidth,
                                 theme.mark);
     }
-    const double left = box.right() + gap;
+    const double left = box.right() + labelGap;
     painting::drawLine(painter, QRectF(left, 0, width() - left, height()), plainText(*this), fontOf(TextRole::Body),
                        theme.text);
 }

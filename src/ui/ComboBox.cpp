@@ -18,7 +18,7 @@ namespace flitmark {
 
 namespace {
 
-constexpr double padding = 12;
+constexpr double sidePadding = 12;
 constexpr double arrowSize = 20;
 constexpr double arrowInset = 8;
 
@@ -44,7 +44,7 @@ public:
         if (option.state.testFlag(QStyle::State_Selected)) {
             painting::fillRounded(*painter, box, painting::controlRadius, theme.hover);
         }
-        painting::drawLine(*painter, box.adjusted(padding - 4, 0, 0, 0), index.data().toString(),
+        painting::drawLine(*painter, box.adjusted(sidePadding - 4, 0, 0, 0), index.data().toString(),
                            fontOf(TextRole::Body), theme.text);
         if (isCurrent) {
             const QRectF square(box.right() - 8 - 16, box.center().y() - 8, 16, 16);
@@ -97,7 +97,7 @@ private:
     ComboBox& m_box;
 };
 
-QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* object)
+QAccessibleInterface* makeComboBoxInterface(const QString& /*className*/, QObject* object)
 {
     auto* box = qobject_cast<ComboBox*>(object);
     return box != nullptr ? new ComboBoxInterface(*box) : nullptr;
@@ -110,7 +110,7 @@ ComboBox::ComboBox(const QString& name, QWidget* parent)
     , m_state(*new ControlState(*this))
 {
     static const bool isInstalled = [] {
-        QAccessible::installFactory(makeInterface);
+        QAccessible::installFactory(makeComboBoxInterface);
         return true;
     }();
     Q_UNUSED(isInstalled)
@@ -122,11 +122,11 @@ ComboBox::ComboBox(const QString& name, QWidget* parent)
 
 QSize ComboBox::sizeHint() const
 {
-    double widest = scaled(280) - padding - arrowSize - 2 * arrowInset;
+    double widest = scaled(280) - sidePadding - arrowSize - 2 * arrowInset;
     for (int index = 0; index < count(); ++index) {
         widest = std::max(widest, painting::lineWidth(itemText(index), fontOf(TextRole::Body)));
     }
-    return {static_cast<int>(std::ceil(padding + widest + arrowSize + 2 * arrowInset)), controlHeight()};
+    return {static_cast<int>(std::ceil(sidePadding + widest + arrowSize + 2 * arrowInset)), controlHeight()};
 }
 
 void ComboBox::showPopup()
@@ -161,7 +161,7 @@ void ComboBox::paintEvent(QPaintEvent* /*event*/)
     }
     const QRectF arrow(box.right() - arrowInset - arrowSize, box.center().y() - arrowSize / 2, arrowSize, arrowSize);
     Symbols::draw(painter, QStringLiteral("chevron.down"), arrow, theme.text2);
-    painting::drawLine(painter, QRectF(padding, 0, arrow.left() - padding, height()), currentText(),
+    painting::drawLine(painter, QRectF(sidePadding, 0, arrow.left() - sidePadding, height()), currentText(),
                        fontOf(TextRole::Body), theme.text);
 }
 

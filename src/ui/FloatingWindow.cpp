@@ -16,12 +16,6 @@
 
 namespace flitmark {
 
-namespace {
-
-constexpr int shadowMargin = 12;
-
-} // namespace
-
 /// A strip along an edge, or a square in a corner, that resizes the window. It lies above the content and shows nothing
 /// but its cursor.
 class FloatingWindow::Grip final : public QWidget
@@ -170,7 +164,7 @@ void FloatingWindow::orderOut()
 
 void FloatingWindow::followCompositor()
 {
-    const int margin = m_windowManager.isCompositing() ? shadowMargin : 0;
+    const int margin = m_windowManager.isCompositing() ? shadowReach : 0;
     if (margin != m_margin) {
         const QRect frame = frameRect();
         m_margin = margin;

@@ -13,7 +13,7 @@ namespace flitmark {
 namespace {
 
 constexpr double keyRadius = 6;
-constexpr int padding = 8;
+constexpr int capPadding = 8;
 
 } // namespace
 
@@ -28,7 +28,7 @@ KeyCap::KeyCap(const QString& keys, QWidget* parent)
 QSize KeyCap::sizeHint() const
 {
     const double width = painting::lineWidth(text(), fontOf(TextRole::CaptionStrong));
-    return {std::max(scaled(44), static_cast<int>(std::ceil(width)) + 2 * padding),
+    return {std::max(scaled(44), static_cast<int>(std::ceil(width)) + 2 * capPadding),
             rowHeight(TextRole::CaptionStrong) + 8};
 }
 

@@ -110,7 +110,7 @@ QString Label::shownText(double width) const
         return text();
     }
     // A line break would hide what comes after it.
-    const QString oneLine = text().simplified();
+    QString oneLine = text().simplified();
     if (painting::lineWidth(oneLine, roleFont()) <= width) {
         return oneLine;
     }

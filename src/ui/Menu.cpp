@@ -16,8 +16,7 @@ namespace flitmark {
 
 namespace {
 
-constexpr int shadowMargin = 12;
-constexpr double radius = 12;
+constexpr double menuRadius = 12;
 constexpr int framePadding = 4;
 constexpr double itemPadding = 12;
 constexpr int itemHeight = 32;
@@ -71,7 +70,7 @@ private:
 
 Menu::Menu(WindowManager& windowManager, QWidget* parent)
     : QMenu(parent)
-    , m_margin(windowManager.isCompositing() ? shadowMargin : 0)
+    , m_margin(windowManager.isCompositing() ? shadowReach : 0)
 {
     setWindowFlags(windowFlags() | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint);
     setAttribute(Qt::WA_TranslucentBackground);
@@ -100,7 +99,7 @@ void Menu::resizeEvent(QResizeEvent* event)
     QMenu::resizeEvent(event);
     if (m_margin == 0) {
         QPainterPath path;
-        path.addRoundedRect(rect(), radius, radius);
+        path.addRoundedRect(rect(), menuRadius, menuRadius);
         setMask(QRegion(path.toFillPolygon().toPolygon()));
     }
 }
@@ -120,10 +119,10 @@ void Menu::paintEvent(QPaintEvent*)
     const Theme& theme = ThemeScope::of(*this);
     QPainter painter(this);
     if (m_margin > 0) {
-        drawShadow(painter, frame(), radius);
+        drawShadow(painter, frame(), menuRadius);
     }
-    painting::fillRounded(painter, frame(), m_margin > 0 ? radius : 0, theme.background);
-    painting::strokeRounded(painter, frame(), radius, 1, m_margin > 0 ? theme.hair : theme.edge);
+    painting::fillRounded(painter, frame(), m_margin > 0 ? menuRadius : 0, theme.background);
+    painting::strokeRounded(painter, frame(), menuRadius, 1, m_margin > 0 ? theme.hair : theme.edge);
     for (const QAction* action : actions()) {
         paintItem(painter, *action, actionGeometry(const_cast<QAction*>(action)));
     }

@@ -14,8 +14,8 @@ namespace flitmark {
 
 namespace {
 
-constexpr double symbolSize = 20;
-constexpr double gap = 12;
+constexpr double rowSymbolSize = 20;
+constexpr double rowGap = 12;
 constexpr double plainPadding = 8;
 constexpr double cardPadding = 12;
 constexpr double swatchSize = 24;
@@ -33,7 +33,7 @@ QSize RowContent::sizeHint() const
 int RowContent::wholeWidth() const
 {
     const double padding = ground == RowGround::Card ? cardPadding : plainPadding;
-    const double leading = symbol.isEmpty() ? 0 : symbolSize + gap;
+    const double leading = symbol.isEmpty() ? 0 : rowSymbolSize + rowGap;
     return qCeil(2 * padding + leading + painting::lineWidth(title, fontOf(TextRole::Strong)));
 }
 
@@ -53,15 +53,15 @@ void RowContent::paint(QPainter& painter, const QRectF& box, const Theme& theme,
 
     const double padding = !swatches.isEmpty() ? 16 : ground == RowGround::Card ? cardPadding : plainPadding;
     QRectF area = box.adjusted(padding, 0, -padding, 0);
-    const double top = box.top() + (box.height() - symbolSize) / 2;
+    const double top = box.top() + (box.height() - rowSymbolSize) / 2;
     const QColor marked = !state.isEnabled ? theme.off : isSelected ? theme.selMark : theme.*symbolColor;
     area.setLeft(area.left() + paintLeading(painter, area, theme, marked));
     const bool isChecked = isSelected && !trailingSymbol;
     const QString trailing = isChecked ? QStringLiteral("checkmark.circle.fill") : trailingSymbol.value_or(QString());
     if (!trailing.isEmpty()) {
-        const QRectF square(area.right() - symbolSize, top, symbolSize, symbolSize);
+        const QRectF square(area.right() - rowSymbolSize, top, rowSymbolSize, rowSymbolSize);
         Symbols::draw(painter, trailing, square, isChecked ? marked : isSelected ? theme.selText2 : theme.text2);
-        area.setRight(square.left() - gap);
+        area.setRight(square.left() - rowGap);
     }
     paintTexts(painter, area, theme, state.isEnabled);
     if (state.showsFocus) {
@@ -81,9 +81,9 @@ double RowContent::paintLeading(QPainter& painter, const QRectF& area, const The
         return circle.left() - area.left() - swatchGap + 16;
     }
     if (!symbol.isEmpty()) {
-        Symbols::draw(painter, symbol, QRectF(area.left(), area.center().y() - symbolSize / 2, symbolSize, symbolSize),
-                      color);
-        return symbolSize + gap;
+        Symbols::draw(painter, symbol,
+                      QRectF(area.left(), area.center().y() - rowSymbolSize / 2, rowSymbolSize, rowSymbolSize), color);
+        return rowSymbolSize + rowGap;
     }
     return 0;
 }

@@ -19,9 +19,9 @@ namespace {
 
 constexpr double trackRadius = 10;
 constexpr double segmentRadius = 6;
-constexpr double padding = 12;
-constexpr double symbolSize = 16;
-constexpr double gap = 8;
+constexpr double segmentPadding = 12;
+constexpr double segmentSymbolSize = 16;
+constexpr double segmentGap = 8;
 
 /// What a segment looks like, whichever kind of button it is.
 class SegmentLook
@@ -37,7 +37,10 @@ public:
         button.setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
     }
 
-    QSize sizeHint() const { return {static_cast<int>(std::ceil(contentWidth() + 2 * padding)), controlHeight() - 4}; }
+    QSize sizeHint() const
+    {
+        return {static_cast<int>(std::ceil(contentWidth() + 2 * segmentPadding)), controlHeight() - 4};
+    }
 
     void paint() const
     {
@@ -54,9 +57,9 @@ public:
         const QColor idle = isEnabled ? theme.text2 : theme.off;
         double left = (box.width() - contentWidth()) / 2;
         if (!m_symbol.isEmpty()) {
-            const QRectF square(left, (box.height() - symbolSize) / 2, symbolSize, symbolSize);
+            const QRectF square(left, (box.height() - segmentSymbolSize) / 2, segmentSymbolSize, segmentSymbolSize);
             Symbols::draw(painter, m_symbol, square, isChecked && isEnabled ? theme.selMark : idle);
-            left += symbolSize + gap;
+            left += segmentSymbolSize + segmentGap;
         }
         painting::drawLine(painter, QRectF(left, 0, box.width() - left, box.height()), plainText(m_button),
                            fontOf(TextRole::Strong), isChecked && isEnabled ? theme.text : idle);
@@ -69,7 +72,7 @@ private:
     double contentWidth() const
     {
         const double text = painting::lineWidth(plainText(m_button), fontOf(TextRole::Strong));
-        return text + (m_symbol.isEmpty() ? 0 : symbolSize + gap);
+        return text + (m_symbol.isEmpty() ? 0 : segmentSymbolSize + segmentGap);
     }
 
     QAbstractButton& m_button;

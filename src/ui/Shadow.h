@@ -8,8 +8,11 @@ class QRectF;
 
 namespace flitmark {
 
-/// Draws the soft shadow of a floating window around `frame`, whose corners have `radius` points. It reaches 12 points
-/// past the frame; under the frame itself nothing is drawn that a filled frame would not cover.
+/// How far the shadow of a floating window reaches past its frame, in points.
+inline constexpr int shadowReach = 12;
+
+/// Draws the soft shadow of a floating window around `frame`, whose corners have `radius` points. Under the frame
+/// itself nothing is drawn that a filled frame would not cover.
 void drawShadow(QPainter& painter, const QRectF& frame, double radius);
 
 } // namespace flitmark

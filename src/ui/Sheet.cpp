@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include <ui/AccessibleRole.h>
+#include <ui/FloatingWindow.h>
 #include <ui/IconButton.h>
 #include <ui/Label.h>
 #include <ui/Painting.h>
@@ -18,7 +19,7 @@ namespace flitmark {
 
 namespace {
 
-constexpr double radius = 16;
+constexpr double sheetRadius = 16;
 constexpr float scrimOpacity = 0.45F;
 
 } // namespace
@@ -36,8 +37,8 @@ protected:
     {
         const Theme& theme = ThemeScope::of(*this);
         QPainter painter(this);
-        painting::fillRounded(painter, rect(), radius, theme.background);
-        painting::strokeRounded(painter, rect(), radius, 1, theme.hair);
+        painting::fillRounded(painter, rect(), sheetRadius, theme.background);
+        painting::strokeRounded(painter, rect(), sheetRadius, 1, theme.hair);
     }
 };
 
@@ -62,7 +63,7 @@ Sheet::Sheet(const QString& name, QWidget& host, int width, int height)
     host.installEventFilter(this);
 }
 
-QWidget* Sheet::makeHead(const QString& title, const QString& symbol)
+QWidget* Sheet::makeHead(const QString& title, const QString& symbol) const
 {
     auto* head = new QWidget;
     auto* row = new QHBoxLayout(head);
@@ -101,7 +102,8 @@ void Sheet::dismiss()
     const QWidget* focused = window()->focusWidget();
     const bool hasKeyboard = focused == this || isAncestorOf(focused);
     if (hasKeyboard) {
-        const bool canReturn = m_previousFocus && m_previousFocus->isEnabled() && !m_previousFocus->isHidden();
+        const bool canReturn =
+            m_previousFocus != nullptr && m_previousFocus->isEnabled() && !m_previousFocus->isHidden();
         (canReturn ? m_previousFocus.data() : &m_host)->setFocus();
     }
     m_previousFocus.clear();
@@ -139,7 +141,9 @@ void Sheet::paintEvent(QPaintEvent* /*event*/)
     QColor scrim(Qt::black);
     scrim.setAlphaF(scrimOpacity);
     QPainter painter(this);
-    painting::fillRounded(painter, rect(), radius, scrim);
+    // An ordinary window has its corners cut by the desktop, or not at all.
+    const bool isRounded = qobject_cast<FloatingWindow*>(window()) != nullptr;
+    painting::fillRounded(painter, rect(), isRounded ? sheetRadius : 0, scrim);
 }
 
 /// Tab walks round inside the sheet.

@@ -37,7 +37,7 @@ protected:
     /// Where the sheet's own widgets live, from edge to edge.
     QVBoxLayout& content() { return *m_content; }
     /// The row at the top: `title` at its left, the close button at its right.
-    QWidget* makeHead(const QString& title, const QString& symbol = {});
+    QWidget* makeHead(const QString& title, const QString& symbol = {}) const;
 
     bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;

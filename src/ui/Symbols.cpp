@@ -9,6 +9,7 @@
 #include <QResource>
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 
 namespace flitmark {
@@ -22,7 +23,7 @@ struct Entry
 };
 
 /// Sorted by name; each with its name in the font.
-constexpr Entry entries[] = {
+constexpr auto entries = std::to_array<Entry>({
     {"app.badge", 0xE1BD},                      // widgets
     {"archivebox", 0xE1A1},                     // inventory_2
     {"arrow.clockwise", 0xE5D5},                // refresh
@@ -92,7 +93,7 @@ constexpr Entry entries[] = {
     {"wrench.and.screwdriver", 0xF10B},         // handyman
     {"xmark", 0xE5CD},                          // close
     {"xmark.circle.fill", 0xE5C9},              // cancel
-};
+});
 
 /// Symbols made of others.
 const QString turnedArrow = QStringLiteral("arrow.right.circle");

@@ -16,8 +16,8 @@ namespace flitmark {
 
 namespace {
 
-constexpr double symbolSize = 20;
-constexpr int gap = 4;
+constexpr double tileSymbolSize = 20;
+constexpr int tileGap = 4;
 
 class Tile final : public QPushButton
 {
@@ -35,7 +35,7 @@ public:
     QSize sizeHint() const override
     {
         const double text = painting::lineWidth(plainText(*this), fontOf(TextRole::CaptionStrong));
-        return {static_cast<int>(std::ceil(text)) + 2 * gap, 40 + rowHeight(TextRole::CaptionStrong)};
+        return {static_cast<int>(std::ceil(text)) + 2 * tileGap, 40 + rowHeight(TextRole::CaptionStrong)};
     }
     QSize minimumSizeHint() const override { return sizeHint(); }
 
@@ -51,10 +51,10 @@ protected:
         painting::fillRounded(painter, box, painting::controlRadius, painting::stateLayer(theme, m_state.level()));
 
         const double textHeight = rowHeight(TextRole::CaptionStrong);
-        const double top = (height() - symbolSize - gap - textHeight) / 2;
-        Symbols::draw(painter, m_symbol, QRectF((width() - symbolSize) / 2, top, symbolSize, symbolSize),
+        const double top = (height() - tileSymbolSize - tileGap - textHeight) / 2;
+        Symbols::draw(painter, m_symbol, QRectF((width() - tileSymbolSize) / 2, top, tileSymbolSize, tileSymbolSize),
                       isChecked() ? theme.selMark : theme.text2);
-        painting::drawLine(painter, QRectF(0, top + symbolSize + gap, width(), textHeight), plainText(*this),
+        painting::drawLine(painter, QRectF(0, top + tileSymbolSize + tileGap, width(), textHeight), plainText(*this),
                            fontOf(TextRole::CaptionStrong), isChecked() ? theme.text : theme.text2, Qt::AlignHCenter);
         if (m_state.showsFocus()) {
             painting::strokeRounded(painter, box, painting::controlRadius, painting::focusWidth, theme.mark);
@@ -73,7 +73,7 @@ TabTiles::TabTiles(QWidget* parent)
 {
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins({});
-    row->setSpacing(gap);
+    row->setSpacing(tileGap);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     connect(&m_group, &QButtonGroup::idToggled, this, [this](int index, bool isChecked) {
         if (isChecked) {

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QAbstractButton>
 #include <QButtonGroup>
 #include <QWidget>
 

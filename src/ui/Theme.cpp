@@ -37,7 +37,7 @@ Channels channelsOf(const QColor& color)
 QColor colorOf(const Channels& channels, double alpha = 1)
 {
     const auto byte = [](double value) { return static_cast<int>(std::lround(std::clamp(value, 0.0, 1.0) * 255)); };
-    return QColor(byte(channels[0]), byte(channels[1]), byte(channels[2]), byte(alpha));
+    return {byte(channels[0]), byte(channels[1]), byte(channels[2]), byte(alpha)};
 }
 
 Channels rounded(const Channels& color)
@@ -138,7 +138,7 @@ Channels darkenedForWhite(const Channels& color)
 }
 
 /// What several rules share.
-struct Ground
+struct Basis
 {
     Channels background;
     Channels ink;
@@ -149,79 +149,79 @@ struct Ground
     Channels inked(double ratio) const { return mixed(background, ink, ratio); }
 };
 
-void setNeutrals(Theme& theme, const Ground& ground)
+void setNeutrals(Theme& theme, const Basis& basis)
 {
-    theme.text = colorOf(ground.inked(0.92));
-    theme.off = colorOf(ground.inked(0.40));
-    theme.card = colorOf(ground.card);
-    theme.hair = colorOf(ground.inked(0.10));
-    theme.track = colorOf(ground.inked(0.18));
-    theme.edge = colorOf(ground.inked(0.20));
-    theme.thumb = colorOf(ground.inked(0.25));
-    theme.outline = colorOf(reached(ground.inked(0.40), ground.card, visible));
-    theme.soft = colorOf(ground.ink, ground.isDark ? 0.08 : 0.06);
-    theme.hover = colorOf(ground.ink, 0.06);
-    theme.press = colorOf(ground.ink, 0.12);
-    theme.knob = ground.isDark ? theme.text : colorOf(white);
-    theme.swatchEdge = colorOf(ground.ink, 0.16);
+    theme.text = colorOf(basis.inked(0.92));
+    theme.off = colorOf(basis.inked(0.40));
+    theme.card = colorOf(basis.card);
+    theme.hair = colorOf(basis.inked(0.10));
+    theme.track = colorOf(basis.inked(0.18));
+    theme.edge = colorOf(basis.inked(0.20));
+    theme.thumb = colorOf(basis.inked(0.25));
+    theme.outline = colorOf(reached(basis.inked(0.40), basis.card, visible));
+    theme.soft = colorOf(basis.ink, basis.isDark ? 0.08 : 0.06);
+    theme.hover = colorOf(basis.ink, 0.06);
+    theme.press = colorOf(basis.ink, 0.12);
+    theme.knob = basis.isDark ? theme.text : colorOf(white);
+    theme.swatchEdge = colorOf(basis.ink, 0.16);
 }
 
-void setFill(Theme& theme, const Ground& ground)
+void setFill(Theme& theme, const Basis& basis)
 {
-    const Channels fill = darkenedForWhite(reached(ground.primary, ground.background, 2));
+    const Channels fill = darkenedForWhite(reached(basis.primary, basis.background, 2));
     const Channels lifted = mixed(fill, white, 0.12);
     theme.fill = colorOf(fill);
     theme.fillHover = colorOf(contrastOf(lifted, white) >= readable ? lifted : mixed(fill, black, 0.12));
     theme.fillPress = colorOf(mixed(fill, black, 0.22));
-    theme.offFill = colorOf(darkenedForWhite(ground.inked(0.5)));
+    theme.offFill = colorOf(darkenedForWhite(basis.inked(0.5)));
 }
 
 } // namespace
 
 Theme deriveTheme(const Rgb& background, const Rgb& primary, const Rgb& accent)
 {
-    Ground ground{channelsOf(background), {}, {}, channelsOf(primary), luminance(channelsOf(background)) < darkBelow};
-    ground.ink = ground.isDark ? white : black;
-    ground.card = ground.inked(ground.isDark ? 0.05 : 0.035);
+    Basis basis{channelsOf(background), {}, {}, channelsOf(primary), luminance(channelsOf(background)) < darkBelow};
+    basis.ink = basis.isDark ? white : black;
+    basis.card = basis.inked(basis.isDark ? 0.05 : 0.035);
     const Channels accentChannels = channelsOf(accent);
 
     Theme theme;
-    theme.background = colorOf(ground.background);
-    theme.primary = colorOf(ground.primary);
+    theme.background = colorOf(basis.background);
+    theme.primary = colorOf(basis.primary);
     theme.accent = colorOf(accentChannels);
-    theme.isDark = ground.isDark;
-    setNeutrals(theme, ground);
-    setFill(theme, ground);
+    theme.isDark = basis.isDark;
+    setNeutrals(theme, basis);
+    setFill(theme, basis);
 
-    const Channels text2 = reached(ground.inked(0.62), mixed(ground.card, ground.ink, 0.08), readable);
+    const Channels text2 = reached(basis.inked(0.62), mixed(basis.card, basis.ink, 0.08), readable);
     theme.text2 = colorOf(text2);
     theme.chip = colorOf(text2, 0.10);
-    theme.chipOn = colorOf(ground.primary, 0.30);
+    theme.chipOn = colorOf(basis.primary, 0.30);
 
-    const Channels line = reached(ground.primary, ground.card, visible);
+    const Channels line = reached(basis.primary, basis.card, visible);
     theme.line = colorOf(line);
     theme.lineHover = colorOf(mixed(line, black, 0.12));
     theme.linePress = colorOf(mixed(line, black, 0.24));
 
     // The one of the two given colours that stands out more speaks for what can be acted on.
     const bool primaryIsBest =
-        contrastOf(ground.primary, ground.background) >= contrastOf(accentChannels, ground.background);
-    const Channels best = primaryIsBest ? ground.primary : accentChannels;
-    const Channels mark = reached(best, ground.card, readable);
-    const Channels badge = mixed(ground.card, mark, 0.16);
-    const Channels sel = mixed(ground.background, line, ground.isDark ? 0.36 : 0.16);
+        contrastOf(basis.primary, basis.background) >= contrastOf(accentChannels, basis.background);
+    const Channels best = primaryIsBest ? basis.primary : accentChannels;
+    const Channels mark = reached(best, basis.card, readable);
+    const Channels badge = mixed(basis.card, mark, 0.16);
+    const Channels sel = mixed(basis.background, line, basis.isDark ? 0.36 : 0.16);
     theme.mark = colorOf(mark);
     theme.badge = colorOf(badge);
     theme.badgeText = colorOf(reached(mark, badge, readable));
     theme.sel = colorOf(sel);
     theme.selMark = colorOf(reached(best, sel, readable));
-    theme.selText2 = colorOf(reached(text2, mixed(sel, ground.ink, 0.13), readable));
+    theme.selText2 = colorOf(reached(text2, mixed(sel, basis.ink, 0.13), readable));
 
-    theme.info = colorOf(reached(accentChannels, ground.background, readable));
-    theme.success = colorOf(reached(ground.primary, ground.background, readable));
-    theme.red = colorOf(reached(channelsOf(QColor(0xE5, 0x48, 0x4D)), ground.card, readable));
-    theme.green = colorOf(reached(channelsOf(QColor(0x34, 0xC7, 0x59)), ground.card, visible));
-    theme.orange = colorOf(reached(channelsOf(QColor(0xFF, 0x9F, 0x0A)), ground.card, visible));
+    theme.info = colorOf(reached(accentChannels, basis.background, readable));
+    theme.success = colorOf(reached(basis.primary, basis.background, readable));
+    theme.red = colorOf(reached(channelsOf(QColor(0xE5, 0x48, 0x4D)), basis.card, readable));
+    theme.green = colorOf(reached(channelsOf(QColor(0x34, 0xC7, 0x59)), basis.card, visible));
+    theme.orange = colorOf(reached(channelsOf(QColor(0xFF, 0x9F, 0x0A)), basis.card, visible));
     return theme;
 }
 

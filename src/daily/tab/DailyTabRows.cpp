@@ -74,7 +74,7 @@ QList<TaskPickerRow> taskPickerRows(const DailyNoteManager& manager)
         rows.append({
             .lineNumber = task.lineNumber,
             .text = task.text,
-            .tomatoes = QString::fromUtf16(tomato).repeated(std::min(count, maximumPickerTomatoes)) +
+            .tomatoes = tomato.toString().repeated(std::min(count, maximumPickerTomatoes)) +
                         moreThan(maximumPickerTomatoes, count),
         });
     }

@@ -27,8 +27,6 @@ namespace flitmark {
 namespace {
 
 constexpr int sideMargin = 16;
-/// How far the tasks reach into the margins.
-constexpr int rowReach = 8;
 
 /// Puts `parts` into the middle of a page, below each other.
 QWidget* makeCentredPage(const QList<QWidget*>& parts)
@@ -83,7 +81,7 @@ DailyTabView::DailyTabView(DailyTabModel& model, QWidget& sheetHost)
 
 QWidget* DailyTabView::makeHead()
 {
-    m_start->setEmoji(QString::fromUtf16(tomato));
+    m_start->setEmoji(tomato.toString());
     m_start->setGround(IconButtonGround::Boxed);
     connect(m_start, &IconButton::clicked, &m_model, [this] { m_model.setShowPomodoroTaskPicker(true); });
 
@@ -116,13 +114,13 @@ QWidget* DailyTabView::makeColumn()
 {
     auto* column = new QWidget;
     auto* layout = new QVBoxLayout(column);
-    layout->setContentsMargins(sideMargin - rowReach, 8, sideMargin - rowReach, 8);
+    layout->setContentsMargins(sideMargin - TasksSection::rowReach, 8, sideMargin - TasksSection::rowReach, 8);
     layout->setSpacing(8);
     auto* focus = new FocusSection(m_model);
     for (QWidget* section : {static_cast<QWidget*>(focus), static_cast<QWidget*>(m_tasks),
                              static_cast<QWidget*>(m_coach), static_cast<QWidget*>(m_work)}) {
         if (section != m_tasks) {
-            section->layout()->setContentsMargins(rowReach, 0, rowReach, 0);
+            section->layout()->setContentsMargins(TasksSection::rowReach, 0, TasksSection::rowReach, 0);
         }
         layout->addWidget(section);
     }

@@ -12,12 +12,12 @@ namespace flitmark {
 
 namespace {
 
-constexpr int sheetWidth = 280;
+constexpr int focusCheckWidth = 280;
 
 } // namespace
 
 FocusCheckSheet::FocusCheckSheet(DailyTabModel& model, QWidget& host)
-    : Sheet(tr("Focus Check"), host, sheetWidth)
+    : Sheet(tr("Focus Check"), host, focusCheckWidth)
     , m_model(model)
 {
     content().addWidget(makeHead(tr("Focus Check"), QStringLiteral("exclamationmark.triangle.fill")));

@@ -75,7 +75,7 @@ void PomodoroControls::paintEvent(QPaintEvent* /*event*/)
     QPainter painter(this);
     painting::fillRounded(painter, rect(), painting::controlRadius, theme.soft);
     const QRectF tomatoBox(edge, 0, tomatoWidth(), height());
-    painting::drawIconText(painter, tomatoBox, QString::fromUtf16(tomato), tomatoPoints, theme.text);
+    painting::drawIconText(painter, tomatoBox, tomato.toString(), tomatoPoints, theme.text);
     const QRectF dot(tomatoBox.right() + gap, (height() - dotSize) / 2.0, dotSize, dotSize);
     painting::fillRounded(painter, dot, dotSize / 2.0, m_model.isTimerPaused() ? theme.orange : theme.green);
 }

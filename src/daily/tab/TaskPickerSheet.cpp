@@ -17,8 +17,8 @@ namespace flitmark {
 
 namespace {
 
-constexpr int sheetWidth = 300;
-constexpr int sheetHeight = 320;
+constexpr int pickerWidth = 300;
+constexpr int pickerHeight = 320;
 constexpr double tallyOpacity = 0.6;
 
 } // namespace
@@ -83,7 +83,7 @@ private:
 };
 
 TaskPickerSheet::TaskPickerSheet(DailyTabModel& model, QWidget& host)
-    : Sheet(tr("Start Pomodoro"), host, sheetWidth, sheetHeight)
+    : Sheet(tr("Start Pomodoro"), host, pickerWidth, pickerHeight)
     , m_model(model)
     , m_body(new QStackedLayout)
 {

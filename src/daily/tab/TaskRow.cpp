@@ -78,7 +78,7 @@ TaskRow::TaskRow(const DailyTaskRow& task)
     setAccessibleRole(*this, QAccessible::Grouping);
     m_text->setWordWrap(true);
     m_text->setContentsMargins(4, 4, 4, 4);
-    m_start->setEmoji(QString::fromUtf16(tomato), 13);
+    m_start->setEmoji(tomato.toString(), 13);
     m_start->setGround(IconButtonGround::Boxed);
 
     auto* row = new QHBoxLayout(this);

@@ -15,13 +15,6 @@
 
 namespace flitmark {
 
-namespace {
-
-/// How far a row reaches into the margins of the tab, so that its texts and buttons stand on their edges.
-constexpr int rowReach = 8;
-
-} // namespace
-
 TasksSection::TasksSection(DailyTabModel& model)
     : m_model(model)
     , m_add(new IconButton(tr("Add task"), IconButtonSize::Small))

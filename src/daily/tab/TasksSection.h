@@ -24,6 +24,10 @@ class TasksSection final : public QWidget
     Q_OBJECT
 
 public:
+    /// How far a row reaches into the margins of the tab, in points, so that its texts and buttons stand on their
+    /// edges.
+    static constexpr int rowReach = 8;
+
     /// `model` must outlive it.
     explicit TasksSection(DailyTabModel& model);
     Q_DISABLE_COPY_MOVE(TasksSection)

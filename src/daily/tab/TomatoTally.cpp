@@ -15,7 +15,7 @@ namespace flitmark {
 
 namespace {
 
-constexpr int tomatoPoints = 12;
+constexpr int tallyPoints = 12;
 constexpr double quietOpacity = 0.6;
 
 } // namespace
@@ -38,7 +38,7 @@ public:
     }
     QSize sizeHint() const override
     {
-        const int growth = scaled(tomatoPoints) - tomatoPoints;
+        const int growth = scaled(tallyPoints) - tallyPoints;
         return {18 + growth, 28 + growth};
     }
     QSize minimumSizeHint() const override { return sizeHint(); }
@@ -50,7 +50,7 @@ protected:
         QPainter painter(this);
         painting::fillRounded(painter, rect(), painting::controlRadius, painting::stateLayer(theme, m_state.level()));
         painter.setOpacity(m_isQuiet ? quietOpacity : 1);
-        painting::drawIconText(painter, rect(), QString::fromUtf16(tomato), tomatoPoints, theme.text);
+        painting::drawIconText(painter, rect(), tomato.toString(), tallyPoints, theme.text);
         painter.setOpacity(1);
         if (m_state.showsFocus()) {
             painting::strokeRounded(painter, rect(), painting::controlRadius, painting::focusWidth, theme.mark);

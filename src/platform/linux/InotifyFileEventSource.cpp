@@ -97,11 +97,11 @@ tl::expected<std::unique_ptr<FileEventSource>, FileError>
 InotifyFileEventSources::open(const QString& path, FileEventSource::Events wanted, FileEventSource::Handler handler)
 {
     if (path.contains(QChar::Null)) {
-        return tl::unexpected(FileError::ofSystem(EINVAL));
+        return systemError(EINVAL);
     }
     const int file = ::open(QFile::encodeName(path).constData(), O_PATH | O_CLOEXEC);
     if (file < 0) {
-        return tl::unexpected(FileError::ofSystem(errno));
+        return systemError(errno);
     }
     auto source = std::make_unique<InotifyFileEventSource>(*this, file, wanted, std::move(handler));
     if (const auto added = start().and_then([&] { return add(*source); }); !added) {
@@ -118,7 +118,7 @@ tl::expected<void, FileError> InotifyFileEventSources::start()
     m_events.reset(::inotify_init1(IN_CLOEXEC | IN_NONBLOCK));
     m_stop.reset(::eventfd(0, EFD_CLOEXEC));
     if (!m_events.isOpen() || !m_stop.isOpen()) {
-        return tl::unexpected(FileError::ofSystem(errno));
+        return systemError(errno);
     }
     m_thread = std::thread([this] { run(); });
     return {};
@@ -131,7 +131,7 @@ tl::expected<void, FileError> InotifyFileEventSources::add(InotifyFileEventSourc
     const QByteArray self = "/proc/self/fd/" + QByteArray::number(source.descriptor());
     source.watch = ::inotify_add_watch(m_events.get(), self.constData(), source.mask() | IN_MASK_ADD);
     if (source.watch < 0) {
-        return tl::unexpected(FileError::ofSystem(errno));
+        return systemError(errno);
     }
     m_watches[source.watch].push_back(&source);
     return {};

@@ -18,7 +18,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr QLatin1String busName("flitmark-hotkey");
+constexpr QLatin1String connectionName("flitmark-hotkey");
 constexpr QLatin1String applicationId("org.flitmark.Flitmark");
 /// Desktops keep the user's key by this name: it never changes.
 constexpr QLatin1String shortcutId("toggle-panel");
@@ -63,7 +63,7 @@ PortalKeyMonitor::PortalKeyMonitor(RunLoop& runLoop)
 PortalKeyMonitor::~PortalKeyMonitor()
 {
     if (m_bus) {
-        QDBusConnection::disconnectFromBus(busName);
+        QDBusConnection::disconnectFromBus(connectionName);
     }
 }
 
@@ -78,7 +78,7 @@ void PortalKeyMonitor::openBus()
 {
     qDBusRegisterMetaType<PortalShortcut>();
     qDBusRegisterMetaType<QList<PortalShortcut>>();
-    m_bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, busName);
+    m_bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, connectionName);
     if (!m_bus->isConnected()) {
         setState({});
         return;
