@@ -2,35 +2,34 @@
 # SPDX-License-Identifier: MIT
 """How often the program wakes up by itself, by what is on screen.
 
-A wake-up is a sleep that the main thread ended, as the kernel counts them. Idle, one a minute is to be expected, and
-with a Pomodoro one a second and what the X server answers where the ring moves."""
+A wake-up is a moment in which one of its threads does something, after a sleep of all of them: what the X server answers
+at once to the painting that a timer began belongs to the same one. Idle, one a minute is to be expected, and with
+a Pomodoro one a second."""
 
+import subprocess
+import tempfile
 import time
-from pathlib import Path
 
 from stage import click_button, desktop_for, running, start_pomodoro
 
 NOTE = "## Today's Focus\nShip it\n\n## Tasks\n- [ ] Write the page\n"
 SETTLE_SECONDS = 3
-
-
-def sleeps(pid):
-    """The sleeps so far, by thread."""
-    counts = {}
-    for task in Path(f"/proc/{pid}/task").iterdir():
-        status = dict(line.split(":\t", 1) for line in (task / "status").read_text().splitlines() if ":\t" in line)
-        counts[task.name] = int(status["voluntary_ctxt_switches"])
-    return counts
+SHORTEST_SLEEP_SECONDS = 0.05
 
 
 def wakeups(process_id, seconds):
-    """The wake-ups a minute of the main thread, and of the others together."""
+    """The wake-ups a minute."""
     time.sleep(SETTLE_SECONDS)
-    before = sleeps(process_id)
-    time.sleep(seconds)
-    counts = {task: count - before.get(task, 0) for task, count in sleeps(process_id).items()}
-    main = counts.pop(str(process_id))
-    return main * 60 / seconds, sum(counts.values()) * 60 / seconds
+    # Every system call is the beginning or the end of a sleep, or something that is done between two.
+    with tempfile.NamedTemporaryFile("r") as trace:
+        tracing = subprocess.Popen(["strace", "-f", "-qq", "-ttt", "-o", trace.name, "-p", str(process_id)])
+        time.sleep(seconds)
+        tracing.terminate()
+        tracing.wait()
+        # "12 1769086800.123456 ppoll(..."; a thread's first line is only the sleep in which it was found.
+        moments = [float(line.split()[1]) for line in trace if "<... resuming" not in line]
+    sleeps = sum(after - before >= SHORTEST_SLEEP_SECONDS for before, after in zip(moments, moments[1:]))
+    return sleeps * 60 / seconds
 
 
 def measure(program_path, seconds):
