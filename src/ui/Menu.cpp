@@ -114,6 +114,12 @@ void Menu::mousePressEvent(QMouseEvent* event)
     QMenu::mousePressEvent(event);
 }
 
+void Menu::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    // The press that opened the menu, told again because another one came shortly before: it must not close it.
+    event->accept();
+}
+
 void Menu::paintEvent(QPaintEvent*)
 {
     const Theme& theme = ThemeScope::of(*this);

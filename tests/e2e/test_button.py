@@ -60,6 +60,13 @@ class ButtonTest(SetUpCase):
         wait_until(self.panel_is_open, "the panel to open")
         self.wait_for_place(RIGHT, LOWER)
 
+    def test_menu_opens_however_soon_it_is_asked_for_again(self):
+        self.start_with_button()
+        for _ in range(5):
+            self.open_menu()
+            self.screen.key("Escape")
+            wait_until(lambda: not self.screen.windows("Flitmark Menu"), "the menu to close")
+
     def test_drag_moves_and_does_not_toggle(self):
         bystander = self.start_bystander()
         self.start_with_button()
