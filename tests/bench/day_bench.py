@@ -6,11 +6,23 @@ reminders, notes captured, the daily note written by another program."""
 import time
 
 from stage import click_button, desktop_for, pss_mib, running, start_pomodoro
-from desktop.waiting import wait_until
+from desktop.waiting import PATIENCE, wait_until
 
 SPEED = 240
 HOURS = 8
 NOTE = "## Today's Focus\nShip it\n\n## Tasks\n- [ ] Write\n- [ ] Send\n\n## Pomodoro Log\n**Today:** 0/8 completed\n"
+
+
+def answer(screen, title, *keys):
+    """Presses the keys until no window of this title is left: a popup takes none in its first moment, and what comes up takes
+    the keyboard from what is there."""
+    for window in screen.windows(title):
+        deadline = time.monotonic() + PATIENCE
+        while screen.windows(title) and time.monotonic() < deadline:
+            if not window.is_active:
+                window.activate()
+            screen.key(*keys)
+            time.sleep(0.05)
 
 
 def live_a_pomodoro(screen, note, number):
@@ -19,23 +31,17 @@ def live_a_pomodoro(screen, note, number):
     panel = screen.window("Flitmark")
     wait_until(lambda: panel.is_active, "the panel to have the keyboard")
     screen.type(f"thought {number}")
-    screen.key("ctrl+Return")
-    wait_until(lambda: not screen.windows("Flitmark"), "the panel to close")
+    answer(screen, "Flitmark", "ctrl+Return")
     with note.open("a") as file:
         file.write(f"line {number}\n")
     wait_until(lambda: screen.windows("Pomodoro Check-in"), "the check-in", 30)
-    # A popup takes no key in its first moment; the first answer of a check-in logs the Pomodoro.
-    for title, keys in (("Daily Review", ["Escape"]), ("Pomodoro Check-in", ["Tab", "Return"])):
-        for window in screen.windows(title):
-            window.activate()
-            wait_until(lambda window=window: window.is_active, "the popup to have the keyboard")
-            while screen.windows(title):
-                screen.key(*keys)
-                time.sleep(0.05)
+    answer(screen, "Daily Review", "Escape")
+    # The first answer of a check-in logs the Pomodoro.
+    answer(screen, "Pomodoro Check-in", "Tab", "Return")
 
 
 def growth(program):
-    """PSS in MiB after the first rounds and at the end of the day, and how many rounds there were in between."""
+    """Its own memory in MiB after the first rounds and at the end of the day, and how many rounds there were in between."""
     with desktop_for(program) as (desktop, home):
         times = [f"{hour:02}:{minute:02}" for hour in range(8, 17) for minute in (15, 45)]
         home.complete_setup(daily_review_times=times)
@@ -44,9 +50,9 @@ def growth(program):
             start_pomodoro(desktop.screen, day)
             for number in range(2):
                 live_a_pomodoro(desktop.screen, home.daily_note, number)
-            began, first = time.monotonic(), pss_mib(day.process_id)
+            began, first = time.monotonic(), pss_mib(day.process_id, "Pss_Anon")
             rounds = 0
             while time.monotonic() - began < HOURS * 3600 / SPEED:
                 live_a_pomodoro(desktop.screen, home.daily_note, rounds)
                 rounds += 1
-            return first, pss_mib(day.process_id), rounds
+            return first, pss_mib(day.process_id, "Pss_Anon"), rounds

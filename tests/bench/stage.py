@@ -50,9 +50,10 @@ def start_pomodoro(screen, program):
     program.wait_for_output("Started Pomodoro timer")
 
 
-def pss_mib(process_id):
-    """The process's proportional share of memory, in MiB."""
+def pss_mib(process_id, kind="Pss"):
+    """The process's proportional share of memory, in MiB; with "Pss_Anon" of what is no file's, which does not depend on what
+    other programs have the same files open."""
     for line in Path(f"/proc/{process_id}/smaps_rollup").read_text().splitlines():
-        if line.startswith("Pss:"):
+        if line.startswith(f"{kind}:"):
             return int(line.split()[1]) / 1024
-    raise RuntimeError("no PSS in smaps_rollup")
+    raise RuntimeError(f"no {kind} in smaps_rollup")
