@@ -4,6 +4,7 @@
 #include <ui/OrdinaryWindow.h>
 
 #include <QGuiApplication>
+#include <QIcon>
 #include <QScreen>
 #include <QWidget>
 
@@ -13,6 +14,15 @@ namespace {
 
 /// The usual height of a title bar, which the desktop adds on top.
 constexpr int titleBarHeight = 40;
+
+QIcon applicationIcon()
+{
+    QIcon icon;
+    for (const int side : {16, 32, 48, 128}) {
+        icon.addFile(QStringLiteral(":/flitmark/icons/%1.png").arg(side));
+    }
+    return icon;
+}
 
 } // namespace
 
@@ -34,6 +44,9 @@ void centreOnScreen(QWidget& window, QSize size)
 
 void makeKeyAndOrderFront(QWidget& window)
 {
+    if (!window.testAttribute(Qt::WA_SetWindowIcon)) {
+        window.setWindowIcon(applicationIcon());
+    }
     window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
     window.show();
     window.raise();

@@ -20,7 +20,8 @@ inline constexpr Qt::WindowFlags closableWindow =
 /// is as large as what is in it.
 void centreOnScreen(QWidget& window, QSize size = {});
 
-/// Shows the window, or brings it to the front, and gives it the keyboard.
+/// Shows the window, or brings it to the front, and gives it the keyboard. From the first time on it has the program's
+/// icon.
 void makeKeyAndOrderFront(QWidget& window);
 
 } // namespace flitmark

@@ -41,6 +41,7 @@ class HelpTest(SetUpCase):
         self.assertAlmostEqual(place.centre[0], self.SIZE[0] / 2, delta=20)
         self.assertAlmostEqual(place.centre[1], self.SIZE[1] / 2, delta=40)
         self.assertIn("Version 1.2", self.names())
+        self.assertIn("Icon (48 x 48)", window.property("_NET_WM_ICON"))
         rows = [row.name for row in self.program.find_all(role="radio button", window=HELP)]
         self.assertEqual(rows, list(TEXTS))
         for section, texts in TEXTS.items():
