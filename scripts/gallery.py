@@ -5,12 +5,14 @@
 usage: gallery.py FOLDER [LOOK...]
 """
 
+import json
 import shutil
 import sys
 import unittest
 from pathlib import Path
 
 from desktop import case
+from test_shell import QUESTION
 
 NOTE = """## Today's Focus
 **Ship the landing page** before the review on Friday
@@ -33,6 +35,9 @@ Two good blocks. Take a walk before the third.
 | # | Time | Focus |
 |---|------|-------|
 """
+
+ALERT = {"alert_id": "1", "triggered_at": "2026-01-22T10:15:00Z", "planned": "Ship the landing page",
+         "actual": "Reading the news of the day", "misalignment_count": 2, "status": "pending"}
 
 # The desktop's settings are read as on this one.
 DESKTOP = {"XDG_CURRENT_DESKTOP": "KDE", "KDE_FULL_SESSION": "true", "KDE_SESSION_VERSION": "5"}
@@ -67,16 +72,25 @@ class Gallery(case.SetUpCase):
         number = len(list(self.folder.glob("*.png"))) + 1
         self.screen.window(title).picture(self.folder / f"{number:02}-{name}.png", 16)
 
-    def start_dressed(self):
+    def start_dressed(self, clock="@2026-01-22 10:15:00"):
         (self.home.folder / ".config").mkdir(exist_ok=True)
         (self.home.folder / ".config" / "kdeglobals").write_text(self.settings)
-        return self.start(clock="@2026-01-22 10:15:00", **self.variables, **DESKTOP)
+        return self.start(clock, **self.variables, **DESKTOP)
 
     def runTest(self):
         self.folder = case.ARTIFACTS / self.look
         self.folder.mkdir(parents=True)
         self.home.complete_setup(color_palette=self.palette, daily_reviews_enabled=True)
         self.home.write_daily_note(NOTE)
+        self.take_panel()
+        self.take_settings()
+        self.program.stop()
+        self.take_popups()
+        if self.is_whole:
+            self.program.stop()
+            self.take_wizard()
+
+    def take_panel(self):
         self.start_dressed()
         self.open_panel()
         self.picture("Flitmark Button", "button")
@@ -86,10 +100,21 @@ class Gallery(case.SetUpCase):
         for tab in ("Browse", "Daily"):
             self.program.click(tab, window="Flitmark")
             self.picture("Flitmark", tab.lower())
+        self.program.click("Start Pomodoro for a task", window="Flitmark")
+        self.picture("Flitmark", "picker")
+        self.screen.key("Escape")
+        self.home.signals.mkdir(parents=True, exist_ok=True)
+        (self.home.signals / "coach-alert.json").write_text(json.dumps(ALERT))
+        self.program.find(ALERT["actual"], "label", "Flitmark")
+        self.picture("Flitmark", "focus-check")
+        self.program.click("Snooze", window="Flitmark")
+        self.program.wait_until_gone("Focus Check", window="Flitmark")
         if self.is_whole:
             self.program.click("Edit focus", window="Flitmark")
             self.picture("Flitmark", "daily-edited")
             self.program.click("Cancel", window="Flitmark")
+
+    def take_settings(self):
         self.program.click("Settings", window="Flitmark")
         for tab in TABS if self.is_whole else TABS[4:5]:
             self.program.click(tab, window="Flitmark Settings")
@@ -97,19 +122,32 @@ class Gallery(case.SetUpCase):
         self.program.click("Help", window="Flitmark Settings")
         self.program.find("Prerequisites", "radio button")
         self.picture("Flitmark Settings", "help")
-        if self.is_whole:
-            self.program.stop()
-            self.home.config_path.unlink()
-            self.start_dressed()
-            for sign, button in (("Quick Note Capture for Obsidian", "Get Started"),
-                                 ("Select Your Obsidian Vault", "Next"), ("Configure Quick Tags", "Next"),
-                                 ("You're All Set!", "")):
-                self.program.find(sign)
-                if sign.startswith("Select"):
-                    self.program.click("Notes")
-                self.picture("Flitmark Setup", "setup")
-                if button:
-                    self.program.click(button)
+
+    def take_popups(self):
+        self.home.complete_setup(color_palette=self.palette, daily_review_times=["10:20"])
+        self.home.forget_login_question()
+        self.start_dressed("@2026-01-22 10:15:00 x120")
+        self.picture(QUESTION, "question")
+        self.screen.key("Escape")
+        self.open_menu()
+        self.picture("Flitmark Menu", "menu")
+        self.program.click("Start Pomodoro Timer", "menu item", "Flitmark Button")
+        self.picture("Daily Review", "review")
+        self.picture("Flitmark Button", "ring")
+        self.picture("Pomodoro Check-in", "check-in")
+
+    def take_wizard(self):
+        self.home.config_path.unlink()
+        self.start_dressed()
+        for sign, button in (("Quick Note Capture for Obsidian", "Get Started"),
+                             ("Select Your Obsidian Vault", "Next"), ("Configure Quick Tags", "Next"),
+                             ("You're All Set!", "")):
+            self.program.find(sign)
+            if sign.startswith("Select"):
+                self.program.click("Notes")
+            self.picture("Flitmark Setup", "setup")
+            if button:
+                self.program.click(button)
 
 
 def page(folder):
