@@ -28,8 +28,12 @@ struct SettingsStage : TestServices
     LoginItemManager loginItemManager{loginService};
     FakeUpdater updater;
     AppUpdateController updateController{updater};
-    SettingsModel model{{config, signalManager, controller, loginItemManager, updateController, notifications}};
+    SettingsModel model{services()};
 
+    SettingsModel::Services services()
+    {
+        return {config, signalManager, controller, loginItemManager, updateController, notifications};
+    }
     const AppConfig& settings() const { return config.config(); }
     const CoachConfig& coach() const { return signalManager.coachConfig(); }
 };

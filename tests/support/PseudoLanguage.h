@@ -5,6 +5,7 @@
 
 #include <QAction>
 #include <QComboBox>
+#include <QImage>
 #include <QLineEdit>
 #include <QPaintEngine>
 #include <QRegularExpression>
@@ -39,37 +40,23 @@ public:
 };
 
 /// Takes down the texts that a widget paints.
-class PaintedTexts final : public QPaintDevice
+class PaintedTexts final : public QImage
 {
 public:
     explicit PaintedTexts(QWidget& widget)
-        : m_widget(widget)
-        , m_engine(*this)
+        : QImage(widget.size().expandedTo({1, 1}), Format_ARGB32)
     {
         widget.render(this, {}, {}, {});
     }
     QPaintEngine* paintEngine() const override { return &m_engine; }
-
-    QString all;
-    bool areInside = true;
-
-protected:
-    int metric(PaintDeviceMetric metric) const override
-    {
-        const int scale = static_cast<int>(devicePixelRatioFScale());
-        return metric == PdmWidth                    ? m_widget.width()
-               : metric == PdmHeight                 ? m_widget.height()
-               : metric == PdmDevicePixelRatioScaled ? scale
-               : metric == PdmDevicePixelRatio       ? 1
-                                                     : 96;
-    }
+    const QString& all() const { return m_engine.all; }
+    bool areInside() const { return m_engine.areInside; }
 
 private:
     struct Engine final : QPaintEngine
     {
-        explicit Engine(PaintedTexts& texts)
+        Engine()
             : QPaintEngine(AllFeatures)
-            , m_texts(texts)
         {
         }
         bool begin(QPaintDevice*) override { return true; }
@@ -81,17 +68,17 @@ private:
         Type type() const override { return User; }
         void drawTextItem(const QPointF& at, const QTextItem& item) override
         {
-            m_texts.all += item.text();
+            all += item.text();
             // Spaces at the end of a row may hang over.
             const double width = item.text().trimmed().isEmpty() ? 0 : item.width();
             const QPointF left = painter()->deviceTransform().map(at);
-            const QRectF room = QRectF(m_texts.m_widget.rect()).adjusted(-1, -1, 1, 1);
-            m_texts.areInside &= room.contains(left) && room.contains(left + QPointF(width, 0));
+            const QRectF room(-1, -1, paintDevice()->width() + 2, paintDevice()->height() + 2);
+            areInside &= room.contains(left) && room.contains(left + QPointF(width, 0));
         }
-        PaintedTexts& m_texts;
+        QString all;
+        bool areInside = true;
     };
 
-    QWidget& m_widget;
     mutable Engine m_engine;
 };
 
@@ -118,12 +105,12 @@ inline QStringList faultsInTexts(QWidget& window)
             continue;
         }
         const PaintedTexts painted(*widget);
-        check("shown", painted.all);
+        check("shown", painted.all());
         const QWidget* parent = widget->parentWidget();
-        const bool hasRoom = widget->isWindow() || painted.all.isEmpty() ||
+        const bool hasRoom = widget->isWindow() || painted.all().isEmpty() ||
                              (widget->x() >= 0 && widget->geometry().right() < parent->width());
-        if (!painted.areInside || !hasRoom) {
-            faults.append(QStringLiteral("cut: ") + painted.all);
+        if (!painted.areInside() || !hasRoom) {
+            faults.append(QStringLiteral("cut: ") + painted.all());
         }
         check("name", widget->accessibleName());
         check("description", widget->accessibleDescription());
