@@ -3,32 +3,24 @@
 
 #include <capture/DraftManager.h>
 #include <capture/NoteManager.h>
+#include <support/FullDisk.h>
 #include <support/TestServices.h>
 
 using namespace flitmark;
-
-namespace {
-
-struct Stage : TestServices
-{
-    NoteManager notes{config, loop, sound};
-};
-
-} // namespace
 
 class NotesAndDraftsTest final : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { m_services = std::make_unique<Stage>(); }
+    void init() { m_services = std::make_unique<TestServices>(); }
     void cleanup() { m_services.reset(); }
     void save_writesOneFile()
     {
         const QString inbox = m_services->vault + QStringLiteral("/Inbox");
         const auto saved = save(QStringLiteral("# Shopping\n\nBuy milk today"));
         QCOMPARE(saved.value(), inbox + QStringLiteral("/2026-01-22--093000--buy-milk-today.md"));
-        QCOMPARE(m_services->sound.played(), QStringList{QStringLiteral("Pop")});
+        QCOMPARE(m_services->sound.played, QStringList{QStringLiteral("Pop")});
         m_services->config.update([](AppConfig& config) { config.playSoundOnSave = false; });
         // Within the same second a title replaces its note.
         m_services->loop.setWallClock(m_services->loop.now().addMSecs(500));
@@ -37,7 +29,7 @@ private Q_SLOTS:
         m_services->loop.setWallClock(m_services->loop.now().addMSecs(500));
         QVERIFY(save(QStringLiteral("Buy milk today")).value() != *saved);
         QCOMPARE(QDir(inbox).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).size(), 2);
-        QCOMPARE(m_services->sound.played().size(), 1);
+        QCOMPARE(m_services->sound.played.size(), 1);
     }
     void save_strangeText_losesNothing()
     {
@@ -67,7 +59,7 @@ private Q_SLOTS:
             QCOMPARE(save(QStringLiteral("precious")).error().message, QString::fromLatin1(message));
             QCOMPARE(QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System), before);
         }
-        QVERIFY(QDir::setCurrent(QStringLiteral("/")) && m_services->sound.played().isEmpty());
+        QVERIFY(QDir::setCurrent(QStringLiteral("/")) && m_services->sound.played.isEmpty());
     }
     void save_links_theUsersInboxAloneLeadsOut()
     {
@@ -133,6 +125,31 @@ private Q_SLOTS:
         }
     }
 
+    void fullDisk_losesNothingAndIsSurvived()
+    {
+        ConfigManager& config = m_services->config;
+        config.save();
+        const auto drafts = makeDrafts();
+        drafts->save(QStringLiteral("old thought"), {}, m_type);
+        const auto onDisk = [&] { return readTestFile(draftPath()) + readTestFile(config.configURL()); };
+        const QByteArray before = onDisk();
+        const QString thought = QStringLiteral("new thought");
+        {
+            const FullDisk full;
+            drafts->save(thought, {}, m_type);
+            config.save();
+            QVERIFY(!save(thought));
+        }
+        QCOMPARE(onDisk(), before);
+        QCOMPARE(drafts->currentDraft()->content, thought);
+        const auto files = QDir::Files | QDir::Hidden;
+        QCOMPARE(QDir(m_services->directories.ownFolder()).entryList(files).size(), 2);
+        QVERIFY(QDir(m_services->vault + QStringLiteral("/Inbox")).entryList(files).isEmpty());
+        drafts->save(thought, {}, m_type);
+        QCOMPARE(makeDrafts()->currentDraft()->content, thought);
+        QVERIFY(save(thought));
+    }
+
 private:
     QString draftPath() const { return m_services->directories.ownFolder() + QStringLiteral("/.draft.json"); }
     QString draftFiles() const
@@ -146,11 +163,12 @@ private:
     }
     tl::expected<QString, FileError> save(const QString& content, const char* noteType = "Fleeting")
     {
-        return m_services->notes.save(QString(), content, QString::fromUtf8(noteType));
+        TestServices& s = *m_services;
+        return NoteManager(s.config, s.loop, s.sound).save({}, content, QString::fromUtf8(noteType));
     }
 
     const QString m_type = QStringLiteral("Fleeting");
-    std::unique_ptr<Stage> m_services;
+    std::unique_ptr<TestServices> m_services;
 };
 
 QTEST_GUILESS_MAIN(NotesAndDraftsTest)

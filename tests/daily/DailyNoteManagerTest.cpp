@@ -1,16 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Flitmark authors
 // SPDX-License-Identifier: MIT
 
+#include <support/FullDisk.h>
 #include <support/TestServices.h>
 
 #include <QSignalSpy>
 
-#include <sys/resource.h>
-
-#include <csignal>
-
-namespace flitmark {
-
+using namespace flitmark;
 using Event = FileEventSource::Event;
 using namespace std::chrono_literals;
 
@@ -133,16 +129,10 @@ private Q_SLOTS:
              }) {
             const QString name = QString::fromLatin1(editName);
             start(note);
-            // A disk that takes no more than a few bytes, as far as this process can tell.
-            struct rlimit old = {};
-            ::getrlimit(RLIMIT_FSIZE, &old);
-            struct rlimit small = old;
-            small.rlim_cur = 16;
-            ::signal(SIGXFSZ, SIG_IGN);
-            ::setrlimit(RLIMIT_FSIZE, &small);
-            const bool isWritten = edit(manager(), name);
-            ::setrlimit(RLIMIT_FSIZE, &old);
-            QVERIFY2(!isWritten, editName);
+            {
+                const FullDisk full;
+                QVERIFY2(!edit(manager(), name), editName);
+            }
             QCOMPARE(manager().lastError(), QStringLiteral("Failed to %1: File too large").arg(name));
             QCOMPARE(onDisk(), note);
             QCOMPARE(QDir(QFileInfo(path()).path()).entryList(QDir::Files | QDir::Hidden).size(), 1);
@@ -153,6 +143,10 @@ private Q_SLOTS:
             loop().runQueued();
             QCOMPARE(manager().todayNote().content.toUtf8(), after);
         }
+        QVERIFY(QDir(m_services->vault).removeRecursively());
+        QVERIFY(!edit(manager(), QStringLiteral("toggle task")));
+        QCOMPARE(manager().lastError(), QStringLiteral("Failed to toggle task: No such file or directory"));
+        QVERIFY(!QFileInfo::exists(m_services->vault)); // not made again for an edit
         start("## Carryover\n- [ ] a");
         QVERIFY(!manager().addNewTask(QStringLiteral("x")));
         QCOMPARE(manager().lastError(), QStringLiteral("Could not find tasks section in daily note"));
@@ -220,7 +214,5 @@ private:
     std::unique_ptr<TestServices> m_services;
 };
 
-} // namespace flitmark
-
-QTEST_GUILESS_MAIN(flitmark::DailyNoteManagerTest)
+QTEST_GUILESS_MAIN(DailyNoteManagerTest)
 #include "DailyNoteManagerTest.moc"

@@ -7,8 +7,6 @@
 
 #include <QStringList>
 
-#include <utility>
-
 namespace flitmark {
 
 /// Popups without windows, answered by the test. Remembers what was asked of it.
@@ -34,20 +32,9 @@ public:
     void closeDailyReview() override { m_onAction = nullptr; }
 
     /// Answers the open popup, as its window would.
-    void answer(const CheckinResponse& response)
-    {
-        // A copy: closing the popup drops the callback while it runs.
-        const CheckinCallback onDismiss = m_onDismiss;
-        onDismiss(response);
-    }
-    void answer(DailyReviewAction action)
-    {
-        const DailyReviewCallback onAction = m_onAction;
-        onAction(action);
-    }
-
-    /// The calls since the last time.
-    QStringList takeCalls() { return std::exchange(calls, {}); }
+    // By a copy of the callback, which goes while it runs: its popup is closed.
+    void answer(const CheckinResponse& response) { CheckinCallback{m_onDismiss}(response); }
+    void answer(DailyReviewAction action) { DailyReviewCallback{m_onAction}(action); }
 
     QStringList calls;
 
