@@ -47,40 +47,34 @@ private Q_SLOTS:
             QInputMethodEvent event(QStringLiteral("ka"), {});
             QCoreApplication::sendEvent(QApplication::focusWidget(), &event);
         };
-        struct Row
-        {
-            std::function<void(Desktop&)> act;
-            const char* text;
-            bool staysOpen;
-        };
         const auto pressing = [](Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
             return [key, modifiers](Desktop&) { QTest::keyClick(QApplication::focusWidget(), key, modifiers); };
         };
-        const QList<Row> rows{
-            {pressing(Qt::Key_Escape), "x", true},
-            {pressing(Qt::Key_Return), "xka", true},
-            {pressing(Qt::Key_Enter, Qt::KeypadModifier), "xka", true},
-            {pressing(Qt::Key_Tab, Qt::ControlModifier), "xka", true},
-            {[](Desktop& desktop) { desktop.panel().setFocus(); }, "xka", true},
-            {[](Desktop& desktop) { desktop.delegate.hidePanel(); }, "xka", false},
+        const std::tuple<std::function<void(Desktop&)>, QString, bool> rows[] = {
+            {pressing(Qt::Key_Escape), QStringLiteral("x"), true},
+            {pressing(Qt::Key_Return), QStringLiteral("xka"), true},
+            {pressing(Qt::Key_Enter, Qt::KeypadModifier), QStringLiteral("xka"), true},
+            {pressing(Qt::Key_Tab, Qt::ControlModifier), QStringLiteral("xka"), true},
+            {[](Desktop& desktop) { desktop.panel().setFocus(); }, QStringLiteral("xka"), true},
+            {[](Desktop& desktop) { desktop.delegate.hidePanel(); }, QStringLiteral("xka"), false},
         };
-        for (const Row& row : rows) {
+        for (const auto& [act, text, staysOpen] : rows) {
             Desktop desktop;
             desktop.delegate.showPanel();
             QVERIFY(QTest::qWaitForWindowActive(&desktop.panel()));
             QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("x"));
             compose();
-            row.act(desktop);
-            QCOMPARE(desktop.panel().findChild<NoteEditor*>()->text(), QLatin1String(row.text));
-            QCOMPARE(desktop.delegate.isPanelVisible(), row.staysOpen);
-            QCOMPARE(desktop.draftManager.currentDraft()->content, QLatin1String(row.text));
+            act(desktop);
+            QCOMPARE(desktop.panel().findChild<NoteEditor*>()->text(), text);
+            QCOMPARE(desktop.delegate.isPanelVisible(), staysOpen);
+            QCOMPARE(desktop.draftManager.currentDraft()->content, text);
         }
         Desktop desktop;
         desktop.delegate.showSettingsWindow();
         QWidget& window = *desktop.delegate.settingsWindow();
         QVERIFY(QTest::qWaitForWindowActive(&window));
-        click(window, QStringLiteral("Vault"));
-        type(named<QLineEdit>(window, QStringLiteral("Default Save Subfolder")), QStringLiteral("x"));
+        click(window, "Vault");
+        type(named<QLineEdit>(window, "Default Save Subfolder"), "x");
         compose();
         press(Qt::Key_Escape);
         QVERIFY(window.isVisible());
@@ -123,22 +117,21 @@ private Q_SLOTS:
     void windows_lieOnTheVisibleScreen()
     {
         // A desktop panel of 60 points at the bottom and a bar of 30 at the left; a screen elsewhere; a tiny one.
-        const ScreenFrames barred{QRectF(30, 60, 1410, 815), QRectF(0, 0, 1440, 900)};
-        const ScreenFrames other{QRectF(1440, 200, 800, 600), QRectF(1440, 200, 800, 600)};
-        const ScreenFrames tiny{QRectF(0, 0, 400, 400), QRectF(0, 0, 400, 400)};
+        const ScreenFrames barred{{30, 60, 1410, 815}, {0, 0, 1440, 900}};
+        const ScreenFrames other{{1440, 200, 800, 600}, {1440, 200, 800, 600}};
         const QSizeF panel(460, 560);
         const QSizeF trigger(56, 56);
-        const QSizeF popup(280, 200);
-        for (const auto& [found, origin] : std::initializer_list<std::pair<QPointF, QPointF>>{
-                 {panelOrigin(panel, barred), {968, 72}},
-                 {panelOrigin(panel, other), {1768, 212}},
-                 {panelOrigin(panel, tiny), {-72, -172}},
-                 {panelOrigin(panel, {}), {0, 0}},
-                 {defaultTriggerOrigin(trigger, barred), {1372, 12}},
-                 {clampedTriggerOrigin({0, -50}, trigger, barred), {42, 12}},
-                 {clampedTriggerOrigin({2000, 2000}, trigger, barred), {1372, 807}},
-                 {checkinOrigin(popup, other), {1940, 580}},
-                 {dailyReviewOrigin(popup, other), {1940, 480}},
+        using Row = std::pair<QPointF, QPointF>;
+        for (const auto& [found, origin] : {
+                 Row(panelOrigin(panel, barred), {968, 72}),
+                 Row(panelOrigin(panel, other), {1768, 212}),
+                 Row(panelOrigin(panel, ScreenFrames{{0, 0, 400, 400}, {0, 0, 400, 400}}), {-72, -172}),
+                 Row(panelOrigin(panel, {}), {0, 0}),
+                 Row(defaultTriggerOrigin(trigger, barred), {1372, 12}),
+                 Row(clampedTriggerOrigin({0, -50}, trigger, barred), {42, 12}),
+                 Row(clampedTriggerOrigin({2000, 2000}, trigger, barred), {1372, 807}),
+                 Row(checkinOrigin({280, 200}, other), {1940, 580}),
+                 Row(dailyReviewOrigin({280, 200}, other), {1940, 480}),
              }) {
             QCOMPARE(found, origin);
         }
@@ -163,25 +156,27 @@ private Q_SLOTS:
 
     void updateWindow_tellsAndLeadsToThePage()
     {
+        using Status = Updater::Status;
         const QUrl page(QStringLiteral("https://example.org/1.3"));
-        Updater::State newer{.status = Updater::Status::Available, .version = QStringLiteral("1.3"), .page = page};
-        Updater::State withoutPage = newer;
-        withoutPage.page.clear();
-        const Updater::State failed{.status = Updater::Status::Failed, .reason = QStringLiteral("No network.")};
-        for (const auto& [state, said, button] : {std::tuple(newer, "Flitmark 1.3 is available.", "Open Download Page"),
-                                                  {withoutPage, "Flitmark 1.3 is available.", "Close"},
-                                                  {failed, "No network.", "Close"}}) {
+        for (const auto& [status, url, said, button] : {
+                 std::tuple(Status::Available, page, "Flitmark 1.3 is available.", "Open Download Page"),
+                 {Status::Available, QUrl(), "Flitmark 1.3 is available.", "Close"},
+                 {Status::Failed, QUrl(), "No network.", "Close"},
+             }) {
             FakeUpdater updater;
             TestWorkspace workspace;
             UpdateWindow window(updater, workspace);
             window.showCentered(themeOfWindow(ColorPalette::obsidianNative, Scheme::Light),
                                 UpdateWindow::Keyboard::Take);
-            updater.current = state;
+            updater.current = {.status = status,
+                               .version = QStringLiteral("1.3"),
+                               .page = url,
+                               .reason = QStringLiteral("No network.")};
             Q_EMIT updater.stateChanged();
-            QVERIFY(visibleTexts(window).contains(QLatin1String(said)));
-            click(window, QLatin1String(button));
+            QVERIFY(shows(window, said));
+            click(window, button);
             QVERIFY(!window.isVisible());
-            QCOMPARE(workspace.opened, state.page.isEmpty() ? QList<QUrl>() : QList<QUrl>{page});
+            QCOMPARE(workspace.opened, url.isEmpty() ? QList<QUrl>() : QList<QUrl>{url});
         }
     }
 

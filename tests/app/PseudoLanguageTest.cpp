@@ -99,7 +99,7 @@ private Q_SLOTS:
         SetupWizardWindow& window = *m_desktop->delegate.setupWindow();
         look(window);
         visit(window, {"Get Started", "Use custom folder path"});
-        type(named<QLineEdit>(window, PseudoLanguage::of("Vault path")), QStringLiteral("/1"));
+        type(named<QLineEdit>(window, PseudoLanguage::of("Vault path")), "/1");
         visit(window, {"Next", "Next"});
     }
     void popups()

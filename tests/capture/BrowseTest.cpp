@@ -107,11 +107,6 @@ private Q_SLOTS:
         model.navigateToPath(1);
         QCOMPARE(model.browsePathStack().join(u'|'), tab.path("one|") + tab.path("one/two"));
         QCOMPARE(tab.names(), QStringLiteral("three"));
-        QVERIFY(QDir(tab.vault).removeRecursively());
-        model.refresh();
-        model.navigateToRoot();
-        QVERIFY(model.browsePathStack().isEmpty() && !QFileInfo::exists(tab.vault));
-        QCOMPARE(model.summary(), QStringLiteral("0 notes"));
     }
     void otherVault_startsAtItsRoot()
     {
@@ -149,8 +144,8 @@ private Q_SLOTS:
         press(Qt::Key_Home);
         press(Qt::Key_Return);
         QVERIFY(!tab.list().isVisible());
-        QVERIFY(named<QPushButton>(tab.view, QStringLiteral("0 nothing"))->hasFocus());
-        click(tab.view, QStringLiteral("Vault"));
+        QVERIFY(named<QPushButton>(tab.view, "0 nothing")->hasFocus());
+        click(tab.view, "Vault");
         QVERIFY(tab.list().isVisible());
     }
     void onlyAWholeClick_opensAndADoubleClickOnlyOnce()
@@ -177,7 +172,7 @@ private Q_SLOTS:
         Tab tab(files);
         QScrollBar* bar = tab.list().verticalScrollBar();
         bar->setValue(1500);
-        click(tab.view, QStringLiteral("Refresh"));
+        click(tab.view, "Refresh");
         QTest::qWait(0);
         QCOMPARE(bar->value(), 1500);
         tab.view.grab();
