@@ -27,19 +27,13 @@ private Q_SLOTS:
         ConfigManager manager(m_directories);
         manager.update([](AppConfig& config) {
             config.vaultPath = QStringLiteral(u"/v\u00e4/\"q\"/\U0001F4A1");
-            config.saveSubfolder = QStringLiteral("A/B");
             config.defaultTags = {QStringLiteral("x"), QString()};
             config.windowMode = QStringLiteral("any string");
             config.windowOpacity = 0.1 + 0.2;
             config.noteTypes = {
                 {QStringLiteral("N"), {QStringLiteral("s"), {QStringLiteral("t")}, QStringLiteral("p\n")}}};
             config.quickTags = {{QUuid::createUuid(), QStringLiteral("i"), QStringLiteral("a"), true}};
-            config.hasCompletedSetup = true;
-            config.panelWidth = 380;
-            config.panelHeight = 480.5;
             config.pomodoroIntervalMinutes = std::numeric_limits<qint64>::max();
-            config.checkinEndTime = QString();
-            config.dailyReviewTimes.clear();
         });
         manager.save();
         QVERIFY(ConfigManager(m_directories).config() == manager.config());

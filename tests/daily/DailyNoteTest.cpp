@@ -7,8 +7,7 @@
 
 #include <QtTest/QTest>
 
-namespace flitmark {
-
+using namespace flitmark;
 using Edits = DailyNoteEdits;
 
 namespace {
@@ -184,7 +183,5 @@ private Q_SLOTS:
     }
 };
 
-} // namespace flitmark
-
-QTEST_APPLESS_MAIN(flitmark::DailyNoteTest)
+QTEST_APPLESS_MAIN(DailyNoteTest)
 #include "DailyNoteTest.moc"

@@ -21,14 +21,13 @@ namespace {
 const QByteArray plainNote = "## Today's Focus\n**Ship it**\n\n## Tasks\n- [x] Review notes 🍅🍅\n- [ ] Publish visuals\n"
                              "- [ ] Deep work 🍅🍅🍅🍅🍅🍅🍅🍅🍅\n\n## Coach Notes\n- Visuals first?\n\n## Work Done\n"
                              "- ✅ first\n- ✅ second\n";
-const QString removeTooltip = QStringLiteral("Click to remove one 🍅");
+const char* const removeTooltip = "Click to remove one 🍅";
 
 /// The tab over real models and files, in a window of its own.
-class Tab
+struct Tab : TestServices
 {
-public:
     explicit Tab(const QByteArray& note = plainNote)
-        : services(note)
+        : TestServices(note)
     {
         auto* layout = new QVBoxLayout(&host);
         layout->setContentsMargins({});
@@ -41,24 +40,24 @@ public:
 
     void settle()
     {
-        services.loop.runQueued();
+        loop.runQueued();
         flitmark::settle();
     }
     /// Another program writes the note, and the tab hears of it.
     void writeNote(const QByteArray& note)
     {
-        writeTestFile(services.notePath, note);
-        services.daily.loadTodayNote();
+        writeTestFile(notePath, note);
+        daily.loadTodayNote();
         settle();
     }
     template<typename Widget = QPushButton>
     Widget* find(const char* name)
     {
-        return named<Widget>(host, QString::fromUtf8(name));
+        return named<Widget>(host, name);
     }
     void click(const char* name)
     {
-        flitmark::click(host, QString::fromUtf8(name));
+        flitmark::click(host, name);
         settle();
     }
     void press(Qt::Key key)
@@ -66,11 +65,9 @@ public:
         flitmark::press(key);
         settle();
     }
-    bool says(const char* text) { return visibleTexts(host).contains(QString::fromUtf8(text)); }
+    bool says(const char* text) { return shows(host, text); }
 
-    TestServices services;
-    DailyTabModel model{
-        {services.daily, services.signalManager, services.controller, services.notifications, services.loop}};
+    DailyTabModel model{{daily, signalManager, controller, notifications, loop}};
     QWidget host;
     DailyTabView* view = new DailyTabView(model, host);
 };
@@ -96,7 +93,7 @@ private Q_SLOTS:
         QCOMPARE(rows.join(u'|'), QStringLiteral("Publish|Deep🍅🍅🍅🍅🍅+4"));
         QCOMPARE(allNamed<QPushButton>(tab.host, removeTooltip).size(), 2 + 6);
         // What is done is not started.
-        QCOMPARE(allNamed<QPushButton>(tab.host, QStringLiteral("Start Pomodoro for this task")).size(), 2);
+        QCOMPARE(allNamed<QPushButton>(tab.host, "Start Pomodoro for this task").size(), 2);
         Tab bare("");
         QCOMPARE(visibleTexts(bare.host).mid(1).join(u'|'), QStringLiteral("FOCUS|No focus set"));
         QVERIFY(bare.find("Add task") == nullptr && !bare.find("Mark focus done")->isEnabled());
@@ -112,7 +109,7 @@ private Q_SLOTS:
         QVERIFY(field->isVisible() && field->hasFocus());
         QTest::keyClicks(field, QStringLiteral("Buy milk "));
         tab.press(Qt::Key_Return);
-        QCOMPARE(tab.services.note(), QByteArray(plainNote).replace("\n\n## Coach", "\n- [ ] Buy milk\n\n## Coach"));
+        QCOMPARE(tab.note(), QByteArray(plainNote).replace("\n\n## Coach", "\n- [ ] Buy milk\n\n## Coach"));
         QVERIFY(!field->isVisible() && tab.find("Add task")->hasFocus());
     }
 
@@ -124,7 +121,7 @@ private Q_SLOTS:
         tab.model.setEditedFocus(QStringLiteral(" \t "));
         tab.model.saveFocus();
         QVERIFY(!tab.model.isSettingNewFocus());
-        QCOMPARE(tab.services.note(), plainNote);
+        QCOMPARE(tab.note(), plainNote);
     }
 
     void pomodoro_creditsItsTask()
@@ -132,21 +129,12 @@ private Q_SLOTS:
         Tab tab;
         tab.model.startPomodoro(6);
         tab.click("Start Pomodoro for this task"); // the first of them
-        tab.services.loop.advance(40min);
+        tab.loop.advance(40min);
         const QByteArray credited = QByteArray(plainNote).replace("visuals\n-", "visuals 🍅 🍅\n-");
-        QCOMPARE(tab.services.note(), credited);
+        QCOMPARE(tab.note(), credited);
         tab.model.stopPomodoro();
-        Q_EMIT tab.services.notifications.pomodoroCompleted();
-        tab.model.startPomodoro(5);
-        tab.model.tabHidden();
-        tab.services.loop.advance(20min);
-        QCOMPARE(tab.services.note(), credited);
-        QCOMPARE(tab.model.activeTaskLineNumber(), std::optional<qint64>(5));
-
-        tab.model.tabShown();
-        QVERIFY(QFile::remove(tab.services.notePath));
-        tab.services.loop.advance(20min);
-        QVERIFY(!QFileInfo::exists(tab.services.notePath) && tab.services.controller.isRunning());
+        Q_EMIT tab.notifications.pomodoroCompleted();
+        QCOMPARE(tab.note(), credited);
     }
 
     void typing_survivesAReload()
@@ -155,7 +143,7 @@ private Q_SLOTS:
             Tab tab;
             tab.click(opener);
             auto* edit = tab.find<QLineEdit>(name);
-            type(edit, QStringLiteral("abc"));
+            type(edit, "abc");
             QTest::keyClick(edit, Qt::Key_Left);
             tab.writeNote("## Today's Focus\n**Other**\n## Tasks\n- [ ] new one\n- [x] Review notes 🍅🍅\n");
             QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("x"));
@@ -171,7 +159,7 @@ private Q_SLOTS:
         QVERIFY(check->hasFocus());
         QCOMPARE(spoken(check), QStringLiteral("Publish visuals"));
         tab.press(Qt::Key_Space);
-        QVERIFY(tab.services.note().contains("- [x] Publish visuals\n"));
+        QVERIFY(tab.note().contains("- [x] Publish visuals\n"));
         // The rows are walked in the order of the note, not of their making.
         tab.find<QCheckBox>("two")->setFocus();
         tab.press(Qt::Key_Tab);
@@ -184,7 +172,7 @@ private Q_SLOTS:
         tab.writeNote("## Tasks\n- [ ] a 🍅\n- [ ] b\n");
         named<QPushButton>(tab.host, removeTooltip)->setFocus();
         tab.press(Qt::Key_Return);
-        QVERIFY(tab.services.note().contains("- [ ] a\n"));
+        QVERIFY(tab.note().contains("- [ ] a\n"));
         QVERIFY(tab.find<QCheckBox>("a")->hasFocus());
     }
     void scrolledPosition_staysThroughAReload()
@@ -204,7 +192,7 @@ private Q_SLOTS:
     {
         Tab tab;
         tab.click("Start Pomodoro for a task");
-        flitmark::click(*tab.find<QWidget>("Start Pomodoro"), QStringLiteral("Publish visuals"));
+        click(*tab.find<QWidget>("Start Pomodoro"), "Publish visuals");
         QVERIFY(tab.find("Pause")->hasFocus());
         tab.find("Stop & remove from task")->setFocus();
         tab.press(Qt::Key_Return);
@@ -220,7 +208,7 @@ private Q_SLOTS:
         // Nothing is chosen yet: what is typed on goes nowhere.
         tab.press(Qt::Key_Return);
         tab.press(Qt::Key_Space);
-        QVERIFY(sheet->isVisible() && !tab.services.controller.isRunning());
+        QVERIFY(sheet->isVisible() && !tab.controller.isRunning());
         for (int i = 0; i < 8; ++i) {
             tab.press(Qt::Key_Tab);
             QVERIFY(sheet->isAncestorOf(QApplication::focusWidget()));
@@ -233,12 +221,12 @@ private Q_SLOTS:
     {
         for (const bool isHidden : {true, false}) {
             Tab tab;
-            tab.services.controller.startDailyReviewTimer();
+            tab.controller.startDailyReviewTimer();
             tab.host.setVisible(!isHidden);
-            tab.services.loop.setWallClock(QDateTime(QDate(2026, 1, 22), QTime(23, 59, 30)));
-            tab.services.loop.advance(isHidden ? 0s : 61s);
+            tab.loop.setWallClock(QDateTime(QDate(2026, 1, 22), QTime(23, 59, 30)));
+            tab.loop.advance(isHidden ? 0s : 61s);
             if (isHidden) {
-                tab.services.loop.setWallClock(QDateTime(QDate(2026, 1, 23), QTime(8, 0)));
+                tab.loop.setWallClock(QDateTime(QDate(2026, 1, 23), QTime(8, 0)));
                 tab.host.show();
             }
             tab.settle();

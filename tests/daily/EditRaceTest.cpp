@@ -12,7 +12,7 @@
 #include <atomic>
 #include <thread>
 
-namespace flitmark {
+using namespace flitmark;
 
 namespace {
 
@@ -174,7 +174,5 @@ private:
     QString m_focus;
 };
 
-} // namespace flitmark
-
-QTEST_GUILESS_MAIN(flitmark::EditRaceTest)
+QTEST_GUILESS_MAIN(EditRaceTest)
 #include "EditRaceTest.moc"

@@ -134,19 +134,6 @@ private Q_SLOTS:
         QCOMPARE(readTestFile(file), QByteArray("new"));
         QCOMPARE(statusOf(file).st_ino, inode);
     }
-    void createFolder_makesParentsOrSaysWhy()
-    {
-        writeTestFile(path("file"), "text");
-        QVERIFY(createFolder(path("a/b//c/")) && createFolder(path("a/b")));
-        QVERIFY(QFileInfo(path("a/b/c")).isDir());
-        for (const char* bad : {"file", "file/a/b"}) {
-            QCOMPARE(createFolder(path(bad)).error().message, QStringLiteral("Not a directory"));
-        }
-        for (const QString& bad : {QStringLiteral("/proc/none/a"), QString(), path("new") + QChar::Null + u'x'}) {
-            QVERIFY(!createFolder(bad));
-        }
-        QCOMPARE(names(), QStringLiteral("a,file"));
-    }
 
 private:
     QString path(const char* name) const { return m_folder->filePath(QString::fromUtf8(name)); }

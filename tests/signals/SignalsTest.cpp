@@ -6,7 +6,7 @@
 
 #include <QSignalSpy>
 
-namespace flitmark {
+using namespace flitmark;
 
 namespace {
 
@@ -236,7 +236,5 @@ private:
     std::unique_ptr<SignalManager> m_manager;
 };
 
-} // namespace flitmark
-
-QTEST_GUILESS_MAIN(flitmark::SignalsTest)
+QTEST_GUILESS_MAIN(SignalsTest)
 #include "SignalsTest.moc"
