@@ -22,18 +22,13 @@ class OtherProgram
 public:
     explicit OtherProgram(const QString& path)
         : m_path(QFile::encodeName(path))
-        , m_thread([this] { run(); })
+        , m_thread([this](const std::stop_token& stopping) { run(stopping); })
     {
     }
-    ~OtherProgram() { stop(); }
-    Q_DISABLE_COPY_MOVE(OtherProgram)
-
     void stop()
     {
-        m_isStopped = true;
-        if (m_thread.joinable()) {
-            m_thread.join();
-        }
+        m_thread.request_stop();
+        m_thread.join();
     }
     /// Lets it write two lines more. Without a limit the note would outgrow a slow machine.
     void goOn() { m_allowed += 2; }
@@ -41,10 +36,10 @@ public:
     int lineCount() const { return m_lines; }
 
 private:
-    void run()
+    void run(const std::stop_token& stopping)
     {
         QRandomGenerator random(7);
-        while (!m_isStopped) {
+        while (!stopping.stop_requested()) {
             if (m_lines < m_allowed && write(random.bounded(3), "other " + QByteArray::number(m_lines) + '\n')) {
                 ++m_lines;
             }
@@ -77,10 +72,9 @@ private:
     }
 
     QByteArray m_path;
-    std::atomic<bool> m_isStopped = false;
     std::atomic<int> m_allowed = 0;
     int m_lines = 0;
-    std::thread m_thread;
+    std::jthread m_thread;
 };
 
 } // namespace
