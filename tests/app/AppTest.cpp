@@ -67,7 +67,7 @@ private Q_SLOTS:
             act(desktop);
             QCOMPARE(desktop.panel().findChild<NoteEditor*>()->text(), text);
             QCOMPARE(desktop.delegate.isPanelVisible(), staysOpen);
-            QCOMPARE(desktop.draftManager.currentDraft()->content, text);
+            QCOMPARE(desktop.drafts.currentDraft()->content, text);
         }
         Desktop desktop;
         desktop.delegate.showSettingsWindow();

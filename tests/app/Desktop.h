@@ -4,8 +4,6 @@
 #pragma once
 
 #include <app/AppDelegate.h>
-#include <capture/DraftManager.h>
-#include <capture/NoteManager.h>
 #include <settings/SettingsStage.h>
 
 namespace flitmark {
@@ -30,11 +28,9 @@ struct Desktop : SettingsStage
     FakeDialogs dialogs;
     FakeKeyMonitor keyMonitor;
     FakeUserDefaults userDefaults;
-    DraftManager draftManager{directories, loop};
-    NoteManager noteManager{config, loop, sound};
     AppDelegate delegate{{directories, loop, notifications, config, updateController, controller, signalManager, daily,
-                          draftManager, noteManager, screens, windowManager, dialogs, workspace, keyMonitor,
-                          loginItemManager, userDefaults}};
+                          drafts, notes, screens, windowManager, dialogs, workspace, keyMonitor, loginItemManager,
+                          userDefaults}};
 };
 
 } // namespace flitmark

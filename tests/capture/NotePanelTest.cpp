@@ -2,9 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include <capture/BrowseModel.h>
-#include <capture/DraftManager.h>
 #include <capture/NoteEditor.h>
-#include <capture/NoteManager.h>
 #include <capture/NotePanelModel.h>
 #include <capture/NotePanelView.h>
 #include <daily/tab/DailyTabModel.h>
@@ -39,8 +37,6 @@ struct Panel : TestServices
         drafts.save(QLatin1String(text), QLatin1String(title), QStringLiteral("Fleeting"));
     }
 
-    DraftManager drafts{directories, loop};
-    NoteManager notes{config, loop, sound};
     NotePanelModel model{config, drafts, notes, loop};
     BrowseModel browse{config, workspace, loop};
     DailyTabModel dailyTab{{daily, signalManager, controller, notifications, loop}};

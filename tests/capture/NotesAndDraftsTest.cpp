@@ -1,8 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Flitmark authors
 // SPDX-License-Identifier: MIT
 
-#include <capture/DraftManager.h>
-#include <capture/NoteManager.h>
 #include <support/FullDisk.h>
 #include <support/TestServices.h>
 
@@ -163,8 +161,7 @@ private:
     }
     tl::expected<QString, FileError> save(const QString& content, const char* noteType = "Fleeting")
     {
-        TestServices& s = *m_services;
-        return NoteManager(s.config, s.loop, s.sound).save({}, content, QString::fromUtf8(noteType));
+        return m_services->notes.save({}, content, QString::fromUtf8(noteType));
     }
 
     const QString m_type = QStringLiteral("Fleeting");

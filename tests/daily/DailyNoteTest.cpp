@@ -3,7 +3,7 @@
 
 #include <core/Text.h>
 #include <daily/DailyNoteEdits.h>
-#include <daily/DailyNoteParser.h>
+#include <support/NotePicture.h>
 
 #include <QtTest/QTest>
 
@@ -11,27 +11,6 @@ using namespace flitmark;
 using Edits = DailyNoteEdits;
 
 namespace {
-
-/// What was parsed, as a text that is easy to compare: one line per thing found.
-QString picture(const ParsedDailyNote& note)
-{
-    QStringList lines(note.focus.isEmpty() ? QStringList() : QStringList(QStringLiteral("focus ") + note.focus));
-    for (const TaskItem& task : note.tasks) {
-        lines +=
-            QStringLiteral("%1 %2 %3").arg(task.lineNumber).arg(QChar(task.isCompleted ? u'x' : u'o')).arg(task.text);
-    }
-    for (const QString& text : note.coachNotes) {
-        lines += QStringLiteral("coach ") + text;
-    }
-    for (const QString& text : note.workDone) {
-        lines += QStringLiteral("done ") + text;
-    }
-    lines += note.pomodoroCount != 0 ? QStringList(QStringLiteral("count %1").arg(note.pomodoroCount)) : QStringList();
-    for (const PomodoroEntry& entry : note.pomodoroLog) {
-        lines += QStringLiteral("row %1 [%2] [%3]").arg(entry.number).arg(entry.time, entry.focus);
-    }
-    return lines.join(u'\n');
-}
 
 QString result(const Edits::Lines& lines, const std::optional<LineChanges>& changes)
 {

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <capture/DraftManager.h>
+#include <capture/NoteManager.h>
 #include <checkin/CheckinWindowController.h>
 #include <config/ConfigManager.h>
 #include <daily/DailyNoteManager.h>
@@ -72,6 +74,8 @@ public:
     TestPopups popups;
     NotificationCenter notifications;
     ConfigManager config{directories};
+    DraftManager drafts{directories, loop};
+    NoteManager notes{config, loop, sound};
     SignalManager signalManager{directories, config, loop, events};
     DailyNoteManager daily{DailyNoteManager::Services{config, signalManager, loop, events, workspace}};
     CheckinWindowController controller{
