@@ -26,7 +26,7 @@ private Q_SLOTS:
         QVERIFY(readTestFile(*saved).endsWith("two"));
         m_services->loop.setWallClock(m_services->loop.now().addMSecs(500));
         QVERIFY(save(QStringLiteral("Buy milk today")).value() != *saved);
-        QCOMPARE(QDir(inbox).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).size(), 2);
+        QCOMPARE(filesIn(inbox).count(u','), 1);
         QCOMPARE(m_services->sound.played.size(), 1);
     }
     void save_strangeText_losesNothing()
@@ -68,23 +68,24 @@ private Q_SLOTS:
         m_services->config.update([](AppConfig& config) { config.saveSubfolder = QStringLiteral("Away/Sub"); });
         const auto saved = save(QStringLiteral("text"), "Other");
         QCOMPARE(QFileInfo(saved.value()).path(), m_services->vault + QStringLiteral("/Inbox"));
-        QCOMPARE(QDir(shared).entryList(QDir::Files).size(), 1);
+        QCOMPARE(filesIn(shared), QFileInfo(*saved).fileName());
         QVERIFY(!QFileInfo::exists(m_services->folder.filePath(QStringLiteral("outside"))));
     }
 
     void draft_isRestored_andBlankTextClears()
     {
-        const auto manager = makeDrafts();
+        DraftManager& drafts = m_services->drafts;
         const QString text = QStringLiteral(u" a/\"b\"\\\r\n\t\U0001F4A1\u2028\u0001 ");
         for (const char16_t* blank : {u"", u"  \t", u"\r\n\u2028 \u00a0\n"}) {
-            manager->save(text, {}, m_type);
-            QCOMPARE(draftFiles(), QStringLiteral(".draft.json"));
-            QCOMPARE(makeDrafts()->currentDraft()->content, text);
-            manager->save(QString::fromUtf16(blank), {}, m_type);
-            QVERIFY(!manager->currentDraft() && draftFiles().isEmpty());
+            drafts.save(text, {}, {});
+            QCOMPARE(filesIn(m_services->directories.ownFolder()), QStringLiteral(".draft.json,config.json"));
+            QCOMPARE(storedDraft().content, text);
+            drafts.save(QString::fromUtf16(blank), {}, {});
+            QVERIFY(!drafts.currentDraft());
+            QCOMPARE(filesIn(m_services->directories.ownFolder()), QStringLiteral("config.json"));
         }
-        manager->save({}, QStringLiteral("title alone"), m_type);
-        QCOMPARE(makeDrafts()->currentDraft()->title, QStringLiteral("title alone"));
+        drafts.save({}, QStringLiteral("title alone"), {});
+        QCOMPARE(storedDraft().title, QStringLiteral("title alone"));
     }
     void draft_badFile_isNoneAndIsKept()
     {
@@ -101,16 +102,16 @@ private Q_SLOTS:
             for (const QString& typed : {QStringLiteral("new text"), QString()}) {
                 writeTestFile(draftPath(), bytes);
                 OutputCapture output;
-                const auto manager = makeDrafts();
-                QVERIFY2(!manager->currentDraft(), bytes);
+                DraftManager manager(m_services->directories, m_services->loop);
+                QVERIFY2(!manager.currentDraft(), bytes);
                 const QString line = output.lines().join(u'|');
                 QVERIFY2(line.startsWith(QStringLiteral("Failed to load draft: ")), bytes);
                 QVERIFY2(line.contains(QString::fromLatin1(hint)), qPrintable(line));
                 QCOMPARE(readTestFile(draftPath()), QByteArray(bytes));
-                manager->save(typed, {}, m_type);
-                manager->save(typed, {}, m_type);
+                manager.save(typed, {}, {});
+                manager.save(typed, {}, {});
                 QCOMPARE(readTestFile(draftPath() + QStringLiteral(".unreadable")), QByteArray(bytes));
-                QCOMPARE(makeDrafts()->currentDraft().value_or(Draft()).content, typed);
+                QCOMPARE(storedDraft().content, typed);
             }
         }
     }
@@ -119,7 +120,7 @@ private Q_SLOTS:
         for (const char* time : {"2026-01-22T14:03:05Z", "2026-01-22T14:03:05.000Z", "2026-01-22T15:03:05+01:00"}) {
             const QByteArray file = R"({"content": "a", "title": "", "noteType": "F", "timestamp": "@"})";
             writeTestFile(draftPath(), QByteArray(file).replace("@", time));
-            QCOMPARE(makeDrafts()->currentDraft()->timestamp, QDateTime(QDate(2026, 1, 22), QTime(14, 3, 5), Qt::UTC));
+            QCOMPARE(storedDraft().timestamp, QDateTime(QDate(2026, 1, 22), QTime(14, 3, 5), Qt::UTC));
         }
     }
 
@@ -127,44 +128,41 @@ private Q_SLOTS:
     {
         ConfigManager& config = m_services->config;
         config.save();
-        const auto drafts = makeDrafts();
-        drafts->save(QStringLiteral("old thought"), {}, m_type);
+        DraftManager& drafts = m_services->drafts;
+        drafts.save(QStringLiteral("old thought"), {}, {});
         const auto onDisk = [&] { return readTestFile(draftPath()) + readTestFile(config.configURL()); };
         const QByteArray before = onDisk();
         const QString thought = QStringLiteral("new thought");
         {
             const FullDisk full;
-            drafts->save(thought, {}, m_type);
+            drafts.save(thought, {}, {});
             config.save();
             QVERIFY(!save(thought));
         }
         QCOMPARE(onDisk(), before);
-        QCOMPARE(drafts->currentDraft()->content, thought);
-        const auto files = QDir::Files | QDir::Hidden;
-        QCOMPARE(QDir(m_services->directories.ownFolder()).entryList(files).size(), 2);
-        QVERIFY(QDir(m_services->vault + QStringLiteral("/Inbox")).entryList(files).isEmpty());
-        drafts->save(thought, {}, m_type);
-        QCOMPARE(makeDrafts()->currentDraft()->content, thought);
+        QCOMPARE(drafts.currentDraft()->content, thought);
+        QCOMPARE(filesIn(m_services->directories.ownFolder()), QStringLiteral(".draft.json,config.json"));
+        QCOMPARE(filesIn(m_services->vault + QStringLiteral("/Inbox")), QString());
+        drafts.save(thought, {}, {});
+        QCOMPARE(storedDraft().content, thought);
         QVERIFY(save(thought));
     }
 
 private:
     QString draftPath() const { return m_services->directories.ownFolder() + QStringLiteral("/.draft.json"); }
-    QString draftFiles() const
+    static QString filesIn(const QString& folder)
     {
-        const QDir folder(m_services->directories.ownFolder());
-        return folder.entryList({QStringLiteral("*draft*")}, QDir::AllEntries | QDir::Hidden).join(u',');
+        return QDir(folder).entryList(QDir::Files | QDir::Hidden).join(u',');
     }
-    std::unique_ptr<DraftManager> makeDrafts() const
+    Draft storedDraft() const
     {
-        return std::make_unique<DraftManager>(m_services->directories, m_services->loop);
+        return DraftManager(m_services->directories, m_services->loop).currentDraft().value_or(Draft());
     }
     tl::expected<QString, FileError> save(const QString& content, const char* noteType = "Fleeting")
     {
         return m_services->notes.save({}, content, QString::fromUtf8(noteType));
     }
 
-    const QString m_type = QStringLiteral("Fleeting");
     std::unique_ptr<TestServices> m_services;
 };
 
