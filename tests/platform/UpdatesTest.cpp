@@ -16,6 +16,8 @@ using namespace std::chrono_literals;
 
 namespace {
 
+const QByteArray okay("HTTP/1.1 200 OK\r\n\r\n");
+
 QByteArray feedOf(const QByteArray& items)
 {
     return "<?xml version=\"1.0\"?><rss version=\"2.0\" "
@@ -27,12 +29,6 @@ QByteArray feedOf(const QByteArray& items)
 QByteArray itemOf(const QByteArray& version, const QByteArray& more = {})
 {
     return "<item><sparkle:version>" + version + "</sparkle:version>" + more + "</item>";
-}
-
-QByteArray okWith(const QByteArray& body)
-{
-    const QByteArray length = QByteArray::number(body.size());
-    return "HTTP/1.1 200 OK\r\nConnection: close\r\nContent-Length: " + length + "\r\n\r\n" + body;
 }
 
 /// Answers every request with the same bytes and counts them.
@@ -87,9 +83,9 @@ private Q_SLOTS:
     void check_tellsWhatTheServerSays()
     {
         const auto moved = [](const QByteArray& place) {
-            return "HTTP/1.1 302 Found\r\nLocation: " + place + "\r\nConnection: close\r\nContent-Length: 0\r\n\r\n";
+            return "HTTP/1.1 302 Found\r\nLocation: " + place + "\r\n\r\n";
         };
-        const auto feed = [](const QByteArray& items) { return okWith(feedOf(items)); };
+        const auto feed = [](const QByteArray& items) { return okay + feedOf(items); };
         const QByteArray link("<link>https://example.org/1.3</link>");
         const QByteArray notes("<description><![CDATA[<p>A <b>bold</b> step</p>]]></description>");
         QByteArray bomb("<!DOCTYPE rss [<!ENTITY a0 \"aaaaaaaaaa\">");
@@ -107,14 +103,14 @@ private Q_SLOTS:
                        "<item><enclosure sparkle:version=\"3\" sparkle:os=\"windows\"/></item>"),
                   "up to date"},
                  {feed(itemOf("1.3", "<link>file:///bin/sh</link>")), "1.3 https://example.org/all"},
-                 {okWith(feedOf(itemOf("1.3")).chopped(30)), "makes no sense"},
-                 {okWith("<html><body/></html>"), "not an update feed"},
-                 {okWith(bomb + "]><rss><channel><item><description>&a9;</description></item></channel></rss>"),
+                 {okay + feedOf(itemOf("1.3")).chopped(30), "makes no sense"},
+                 {okay + "<html><body/></html>", "not an update feed"},
+                 {okay + bomb + "]><rss><channel><item><description>&a9;</description></item></channel></rss>",
                   "makes no sense"},
-                 {okWith(QByteArray(2 * 1024 * 1024, ' ')), "too long"},
+                 {okay + QByteArray(2 * 1024 * 1024, ' '), "too long"},
                  {moved("http://localhost/feed"), "unsafe address"},
                  {moved("/feed"), "The update feed"},
-                 {"HTTP/1.1 404 Not Found\r\nConnection: close\r\nContent-Length: 0\r\n\r\n", "can't be reached"},
+                 {"HTTP/1.1 404 Not Found\r\n\r\n", "can't be reached"},
              }) {
             const Server server(answer);
             Client client(server);
@@ -148,7 +144,7 @@ private Q_SLOTS:
 
     void automaticCheck_comesOnceADayAndTellsOfAVersionOnce()
     {
-        const Server server(okWith(feedOf(itemOf("1.3"))));
+        const Server server(okay + feedOf(itemOf("1.3")));
         Client client(server);
         QSignalSpy attention(&client.updater, &Updater::attentionAsked);
         const AppUpdateController controller(client.updater);
