@@ -13,11 +13,10 @@
 #include <checkin/PopupPlacement.h>
 #include <settings/SettingsWindow.h>
 #include <support/Accessible.h>
+#include <support/Desktop.h>
 #include <ui/Theme.h>
 
 #include <QLineEdit>
-
-#include "Desktop.h"
 
 using namespace flitmark;
 using namespace std::chrono_literals;

@@ -13,11 +13,10 @@
 #include <settings/SettingsWindow.h>
 #include <setup/SetupWizardWindow.h>
 #include <support/Accessible.h>
+#include <support/Desktop.h>
 #include <support/PseudoLanguage.h>
 #include <ui/Motion.h>
 #include <ui/QuestionWindow.h>
-
-#include "Desktop.h"
 
 using namespace flitmark;
 using namespace std::chrono_literals;

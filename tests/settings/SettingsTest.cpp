@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 
 #include <settings/CoachPreset.h>
-#include <settings/HelpServices.h>
 #include <settings/SettingsWindow.h>
 #include <support/Accessible.h>
+#include <support/Desktop.h>
 #include <ui/ComboBox.h>
 #include <ui/Slider.h>
 #include <ui/TextArea.h>
@@ -13,8 +13,6 @@
 #include <QLineEdit>
 #include <QRadioButton>
 #include <QSignalSpy>
-
-#include "SettingsStage.h"
 
 using namespace flitmark;
 
@@ -26,26 +24,24 @@ private Q_SLOTS:
     void init()
     {
         motion::set(motion::Setting::Never);
-        m_stage = std::make_unique<SettingsStage>();
-        m_stage->config.update([](AppConfig& config) { config.windowMode = QStringLiteral("made up"); });
-        m_stage->changeCoach([](CoachConfig& coach) { coach.misalignmentThreshold = 7; }); // not among the controls
+        m_desktop = std::make_unique<Desktop>([](AppConfig& config) { config.windowMode = QStringLiteral("made up"); });
+        m_desktop->changeCoach([](CoachConfig& coach) { coach.misalignmentThreshold = 7; }); // not among the controls
         open();
     }
     void cleanup()
     {
-        m_window.reset();
-        m_stage.reset();
+        m_desktop.reset();
         QApplication::setFont(m_font);
     }
 
     void everyControl_reachesItsFieldOnDone()
     {
-        AppConfig config = m_stage->settings();
-        CoachConfig coach = m_stage->coach();
+        AppConfig config = m_desktop->settings();
+        CoachConfig coach = m_desktop->coach();
         click("Vault");
         type("Obsidian Vault Path", "/no/such");
         QVERIFY(shows("There is no folder at this path."));
-        m_dialogs.answer = m_stage->folder.path();
+        m_desktop->dialogs.answer = m_desktop->folder.path();
         click("Browse");
         type("Default Save Subfolder", "Ideas");
         click("Notes");
@@ -76,10 +72,10 @@ private Q_SLOTS:
         click("Add Time");
         type("Reminder time 2", " \t");
         type("Reminder time 3", " 21:30\t");
-        QVERIFY(m_stage->settings() == config && m_stage->coach() == coach);
+        QVERIFY(m_desktop->settings() == config && m_desktop->coach() == coach);
 
         QTest::keyClick(named<TextArea>(*m_window, "Coach Prompt"), Qt::Key_Return, Qt::ControlModifier);
-        config.vaultPath = m_stage->folder.path();
+        config.vaultPath = m_desktop->folder.path();
         config.saveSubfolder = QStringLiteral("Ideas");
         config.playSoundOnSave = false;
         config.defaultTags = listOf("a,b c,d");
@@ -93,15 +89,15 @@ private Q_SLOTS:
         config.dailyReviewTimes = listOf("19:00,21:30");
         coach.coachStyle = QStringLiteral("tough");
         coach.coachPrompt = QStringLiteral("Hm. ") + coachPresets().at(1).prompt;
-        QVERIFY(m_stage->settings() == config && ConfigManager(m_stage->directories).config() == config);
-        m_stage->signalManager.loadConfig();
-        QVERIFY(m_stage->coach() == coach);
+        QVERIFY(m_desktop->settings() == config && ConfigManager(m_desktop->directories).config() == config);
+        m_desktop->signalManager.loadConfig();
+        QVERIFY(m_desktop->coach() == coach);
     }
 
     void app_switchSpringsBackWhereItFails()
     {
         auto* login = named<QCheckBox>(*m_window, "Start Flitmark at login");
-        const QString inTheWay = m_stage->folder.filePath(QStringLiteral("autostart"));
+        const QString inTheWay = m_desktop->folder.filePath(QStringLiteral("autostart"));
         writeTestFile(inTheWay, "");
         QTest::mouseClick(login->parentWidget(), Qt::LeftButton);
         QVERIFY(!login->isChecked() && shows("Not a directory"));
@@ -112,7 +108,7 @@ private Q_SLOTS:
 
     void nothingIsCut()
     {
-        m_stage->config.update([](AppConfig& config) {
+        m_desktop->config.update([](AppConfig& config) {
             config.vaultPath = QStringLiteral("/long").repeated(300);
             config.quickTags[0].appendText = QStringLiteral("#long").repeated(300);
             config.dailyReviewTimes = QStringList(40, QStringLiteral("x"));
@@ -120,6 +116,8 @@ private Q_SLOTS:
         QFont font = m_font;
         font.setPointSizeF(16.5);
         QApplication::setFont(font);
+        m_window->close();
+        settle();
         open();
         for (const char* tab : {"App", "Quick Tags", "Vault", "Notes", "Appearance", "Pomodoro", "Shortcuts"}) {
             click(tab);
@@ -135,7 +133,7 @@ private Q_SLOTS:
                  {"drill", "mine", "custom", QStringLiteral("mine")},
                  {"drill", "", "custom", QString()},
              }) {
-            m_stage->changeCoach([&style = style, &prompt = prompt](CoachConfig& coach) {
+            m_desktop->changeCoach([&style = style, &prompt = prompt](CoachConfig& coach) {
                 coach.coachStyle = QString::fromLatin1(style);
                 coach.coachPrompt = QString::fromLatin1(prompt);
             });
@@ -143,22 +141,22 @@ private Q_SLOTS:
             QCOMPARE(model().state().coachStyle, QLatin1String(shownStyle));
             QCOMPARE(model().state().coachPrompt, shownPrompt);
         }
-        m_stage->config.update([](AppConfig& config) { config.dailyReviewTimes.clear(); });
+        m_desktop->config.update([](AppConfig& config) { config.dailyReviewTimes.clear(); });
         model().loadSettings();
         QCOMPARE(model().state().dailyReviewTimes, listOf("19:00,21:00,23:00"));
-        QVERIFY(m_stage->settings().dailyReviewTimes.isEmpty());
+        QVERIFY(m_desktop->settings().dailyReviewTimes.isEmpty());
     }
 
     void timers_followTheSwitches()
     {
-        QSignalSpy rings(&m_stage->notifications, &NotificationCenter::pomodoroTimerUpdated);
+        QSignalSpy rings(&m_desktop->notifications, &NotificationCenter::pomodoroTimerUpdated);
         for (const auto& [pomodoro, coach] : {std::pair(false, true), {true, false}, {true, true}}) {
             model().set(&SettingsState::pomodoroEnabled, pomodoro);
             model().set(&SettingsState::coachEnabled, coach);
-            m_stage->controller.startPomodoroTimer();
+            m_desktop->controller.startPomodoroTimer();
             rings.clear();
             model().saveSettings();
-            QCOMPARE(m_stage->controller.isRunning(), pomodoro && coach);
+            QCOMPARE(m_desktop->controller.isRunning(), pomodoro && coach);
             // A ring left over from the stopped timer goes.
             QCOMPARE(rings.isEmpty(), pomodoro && coach);
         }
@@ -166,7 +164,7 @@ private Q_SLOTS:
 
     void quickTags_areEditedInTheirRowsAndStoredAtOnce()
     {
-        const auto stored = [this] { return ConfigManager(m_stage->directories).config().quickTags; };
+        const auto stored = [this] { return ConfigManager(m_desktop->directories).config().quickTags; };
         click("Quick Tags");
         auto* second = named<QWidget>(*m_window, "#status/pinned");
         QCOMPARE(QAccessible::queryAccessibleInterface(second)->role(), QAccessible::Grouping);
@@ -232,14 +230,12 @@ private Q_SLOTS:
 private:
     void open()
     {
-        SettingsStage& s = *m_stage;
-        s.model.loadSettings();
-        m_window = std::make_unique<SettingsWindow>(s.services(), m_dialogs,
-                                                    HelpServices{s.directories, m_keyMonitor, s.workspace});
-        m_window->showCentered();
-        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+        model().loadSettings();
+        m_desktop->delegate.showSettingsWindow();
+        m_window = m_desktop->delegate.settingsWindow();
+        QVERIFY(QTest::qWaitForWindowActive(m_window));
     }
-    SettingsModel& model() { return m_stage->model; }
+    SettingsModel& model() { return m_desktop->settingsModel; }
     void click(const char* name) { flitmark::click(*m_window, name); }
     void type(const char* name, const char* text)
     {
@@ -250,10 +246,8 @@ private:
     bool shows(const char* text) { return flitmark::shows(*m_window, text); }
 
     const QFont m_font = QApplication::font();
-    FakeDialogs m_dialogs;
-    FakeKeyMonitor m_keyMonitor;
-    std::unique_ptr<SettingsStage> m_stage;
-    std::unique_ptr<SettingsWindow> m_window;
+    std::unique_ptr<Desktop> m_desktop;
+    QWidget* m_window = nullptr;
 };
 
 QTEST_MAIN(SettingsTest)
