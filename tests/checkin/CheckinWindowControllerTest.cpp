@@ -40,7 +40,7 @@ private Q_SLOTS:
         QVERIFY(m_completed.isEmpty());
     }
 
-    void pauseRestartStop()
+    void pauseAndRestart()
     {
         controller().startPomodoroTimer();
         loop().advance(5min);
@@ -56,9 +56,6 @@ private Q_SLOTS:
         controller().restartTimer();
         QVERIFY(!controller().isPaused());
         QCOMPARE(controller().timeRemainingRatio(), 1.0);
-        controller().stopPomodoroTimer();
-        loop().advance(1h);
-        QVERIFY(!controller().isRunning() && m_completed.isEmpty());
     }
 
     void cadence_movesWithAStartOnly()

@@ -73,7 +73,6 @@ private Q_SLOTS:
     {
         for (const auto& [answer, typed, after] : {
                  std::tuple("Done → New task", "  Write ", noteWith("Write", "| 1 | 09:30 | Ship it |\n", 1)),
-                 {"Change focus", "  Write", noteWith("Write", "| 1 | 09:30 | Write |\n", 1)},
                  {"Change focus", "Ship it", noteWith("Ship it", "| 1 | 09:30 | Ship it |\n", 1)},
                  {"Done → New task", "  ", noteWith("Ship it")},
                  {"Change focus", "", noteWith("Ship it")},
@@ -108,12 +107,7 @@ private Q_SLOTS:
         press(Qt::Key_Space);
         QVERIFY(stage.responses.isEmpty());
         stage.loop.advance(1ms);
-        press(Qt::Key_Escape);
-        QCOMPARE(stage.responses, QList<CheckinResponse>{{Kind::dismissed}});
-    }
-    void raising_whileTheUserTypesElsewhere_ignoresKeysAgain()
-    {
-        Stage stage;
+        // Raised while the user types elsewhere, it ignores keys again, and where the focus was moved before.
         press(Qt::Key_Tab);
         QWidget other;
         showActive(other);
@@ -123,6 +117,8 @@ private Q_SLOTS:
         stage.loop.advance(500ms);
         press(Qt::Key_Return);
         QVERIFY(stage.responses.isEmpty());
+        press(Qt::Key_Escape);
+        QCOMPARE(stage.responses, QList<CheckinResponse>{{Kind::dismissed}});
     }
     void returnAndSpace_answerOnlyWhereTheFocusWasMoved()
     {
