@@ -30,7 +30,7 @@ private Q_SLOTS:
     {
         Desktop desktop([](AppConfig& config) {
             config.panelWidth = config.panelHeight = 900;
-            config.windowMode = QStringLiteral("Normal");
+            config.windowMode = "Normal";
             config.windowOpacity = 0;
         });
         desktop.delegate.showPanel();
@@ -43,25 +43,25 @@ private Q_SLOTS:
     void composition_isTakenOverOrGivenUpButNotLost()
     {
         const auto compose = [] {
-            QInputMethodEvent event(QStringLiteral("ka"), {});
+            QInputMethodEvent event("ka", {});
             QCoreApplication::sendEvent(QApplication::focusWidget(), &event);
         };
         const auto pressing = [](Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
             return [key, modifiers](Desktop&) { QTest::keyClick(QApplication::focusWidget(), key, modifiers); };
         };
         const std::tuple<std::function<void(Desktop&)>, QString, bool> rows[] = {
-            {pressing(Qt::Key_Escape), QStringLiteral("x"), true},
-            {pressing(Qt::Key_Return), QStringLiteral("xka"), true},
-            {pressing(Qt::Key_Enter, Qt::KeypadModifier), QStringLiteral("xka"), true},
-            {pressing(Qt::Key_Tab, Qt::ControlModifier), QStringLiteral("xka"), true},
-            {[](Desktop& desktop) { desktop.panel().setFocus(); }, QStringLiteral("xka"), true},
-            {[](Desktop& desktop) { desktop.delegate.hidePanel(); }, QStringLiteral("xka"), false},
+            {pressing(Qt::Key_Escape), "x", true},
+            {pressing(Qt::Key_Return), "xka", true},
+            {pressing(Qt::Key_Enter, Qt::KeypadModifier), "xka", true},
+            {pressing(Qt::Key_Tab, Qt::ControlModifier), "xka", true},
+            {[](Desktop& desktop) { desktop.panel().setFocus(); }, "xka", true},
+            {[](Desktop& desktop) { desktop.delegate.hidePanel(); }, "xka", false},
         };
         for (const auto& [act, text, staysOpen] : rows) {
             Desktop desktop;
             desktop.delegate.showPanel();
             QVERIFY(QTest::qWaitForWindowActive(&desktop.panel()));
-            QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("x"));
+            QTest::keyClicks(QApplication::focusWidget(), "x");
             compose();
             act(desktop);
             QCOMPARE(desktop.panel().findChild<NoteEditor*>()->text(), text);
@@ -79,7 +79,7 @@ private Q_SLOTS:
         QVERIFY(window.isVisible());
         compose();
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return, Qt::ControlModifier);
-        QCOMPARE(desktop.settings().saveSubfolder, QStringLiteral("xka"));
+        QCOMPARE(desktop.settings().saveSubfolder, "xka");
     }
     void trigger_staysOnTheScreen()
     {
@@ -156,7 +156,7 @@ private Q_SLOTS:
     void updateWindow_tellsAndLeadsToThePage()
     {
         using Status = Updater::Status;
-        const QUrl page(QStringLiteral("https://example.org/1.3"));
+        const QUrl page("https://example.org/1.3");
         for (const auto& [status, url, said, button] : {
                  std::tuple(Status::Available, page, "Flitmark 1.3 is available.", "Open Download Page"),
                  {Status::Available, QUrl(), "Flitmark 1.3 is available.", "Close"},
@@ -167,10 +167,7 @@ private Q_SLOTS:
             UpdateWindow window(updater, workspace);
             window.showCentered(themeOfWindow(ColorPalette::obsidianNative, Scheme::Light),
                                 UpdateWindow::Keyboard::Take);
-            updater.current = {.status = status,
-                               .version = QStringLiteral("1.3"),
-                               .page = url,
-                               .reason = QStringLiteral("No network.")};
+            updater.current = {.status = status, .version = "1.3", .page = url, .reason = "No network."};
             Q_EMIT updater.stateChanged();
             QVERIFY(shows(window, said));
             click(window, button);
@@ -187,12 +184,12 @@ private Q_SLOTS:
         const QByteArray catalogue =
             QByteArray::fromHex("3cb86418caef9c95cd211cbf60a1bddd42000000080000000000000000690000000101");
         for (const auto& [folder, name] : {std::pair(&own, "de"), {&system, "de"}, {&system, "zh_TW"}}) {
-            writeTestFile(folder->filePath(QStringLiteral("flitmark_%1.qm").arg(QLatin1String(name))), catalogue);
+            writeTestFile(folder->filePath(QStringLiteral("flitmark_%1.qm").arg(name)), catalogue);
         }
-        const QString german = own.filePath(QStringLiteral("flitmark_de.qm"));
+        const QString german = own.filePath("flitmark_de.qm");
         for (const auto& [languages, path] : {std::pair("de-AT,de", german),
                                               {"fr-FR,fr,de,en", german},
-                                              {"zh-TW", system.filePath(QStringLiteral("flitmark_zh_TW.qm"))},
+                                              {"zh-TW", system.filePath("flitmark_zh_TW.qm")},
                                               {"zh-CN,zh", QString()},
                                               {"en-GB,en,de", QString()},
                                               {"C", QString()},

@@ -44,7 +44,7 @@ void measure(const char* label, const char* words, int count)
         for (int word = 0; word < 4; ++word) {
             name += choice[random.bounded(choice.size())] + u' ';
         }
-        writeTestFile(folder.filePath(name + QString::number(i) + QStringLiteral(".md")), "# Note\n\nText\n");
+        writeTestFile(folder.filePath(name + QString::number(i) + ".md"), "# Note\n\nText\n");
     }
     const NameOrder order{QLocale(QLocale::English)};
     QList<double> walks;

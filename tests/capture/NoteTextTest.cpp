@@ -26,7 +26,7 @@ private Q_SLOTS:
                  {"", "# A\n \n## B\n", ""},
                  {"", "# A\u2028text\u0085more", "text"},
              }) {
-            QCOMPARE(noteTitleSource(QString::fromUtf8(title), QString::fromUtf8(content)), QLatin1String(source));
+            QCOMPARE(noteTitleSource(title, content), source);
         }
     }
     void slug_keepsWhatMakesAName()
@@ -63,8 +63,7 @@ private Q_SLOTS:
     {
         const QDateTime time(QDate(2026, 7, 1), QTime(22, 30, 5), Qt::UTC);
         for (const auto& [title, rest] : {std::pair("", ".md"), {"A b", "--a-b.md"}, {"!", "--.md"}}) {
-            QCOMPARE(noteFileName(time, QString::fromLatin1(title)),
-                     time.toLocalTime().toString(u"yyyy-MM-dd--HHmmss") + QString::fromLatin1(rest));
+            QCOMPARE(noteFileName(time, title), time.toLocalTime().toString(u"yyyy-MM-dd--HHmmss") + rest);
         }
         const QString longest = noteFileName(time, QString(60, QChar(0x0939)) + QString(500, QChar(0x0301)));
         QVERIFY(QFile::encodeName(longest).size() <= 255);
@@ -75,11 +74,8 @@ private Q_SLOTS:
             AppConfig config = AppConfig::makeDefault({});
             config.defaultTags = QString::fromUtf8(tags).split(u',', Qt::SkipEmptyParts);
             const QDateTime time = QDateTime(QDate(2026, 1, 22), QTime(14, 3, 5, 7), Qt::UTC).toLocalTime();
-            const QString note = composeNote(config, time, QString::fromUtf8(title), QStringLiteral(" body\n"),
-                                             QString::fromUtf8(noteType));
-            QCOMPARE(
-                note,
-                QStringLiteral("---\ncreated: 2026-01-22T14:03:05.007Z\ntype: %1 body\n").arg(QString::fromUtf8(rest)));
+            const QString note = composeNote(config, time, title, " body\n", noteType);
+            QCOMPARE(note, QStringLiteral("---\ncreated: 2026-01-22T14:03:05.007Z\ntype: %1 body\n").arg(rest));
         };
         check("", "Fleeting", "", "fleeting\ntags: [fleeting]\n---\n\n");
         check("", "Fleeting", "b,fleeting,a,b", "fleeting\ntags: [b, fleeting, a]\n---\n\n");
@@ -104,14 +100,14 @@ private Q_SLOTS:
         QCOMPARE(::mkfifo(QFile::encodeName(path("pipe.md")).constData(), 0600), 0);
         const QList<NoteFile> notes = listRecentNotes(m_folder->path());
         QCOMPARE(notes.size(), 20);
-        QCOMPARE(notes[0].title + notes[0].preview, QStringLiteral("pipe"));
-        QCOMPARE(notes[19].title + notes[19].preview, QStringLiteral("Title\uFFFD body "));
+        QCOMPARE(notes[0].title + notes[0].preview, "pipe");
+        QCOMPARE(notes[19].title + notes[19].preview, "Title\uFFFD body ");
         QCOMPARE(notes[19].modificationDate, start.addMSecs(11));
         QVERIFY(listRecentNotes(path("missing")).isEmpty());
     }
 
 private:
-    QString path(const char* name) const { return m_folder->filePath(QString::fromUtf8(name)); }
+    QString path(const char* name) const { return m_folder->filePath(name); }
 
     std::unique_ptr<QTemporaryDir> m_folder;
 };

@@ -15,24 +15,24 @@ private Q_SLOTS:
     void cleanup() { m_services.reset(); }
     void save_writesOneFile()
     {
-        const QString inbox = m_services->vault + QStringLiteral("/Inbox");
-        const auto saved = save(QStringLiteral("# Shopping\n\nBuy milk today"));
-        QCOMPARE(saved.value(), inbox + QStringLiteral("/2026-01-22--093000--buy-milk-today.md"));
-        QCOMPARE(m_services->sound.played, QStringList{QStringLiteral("Pop")});
+        const QString inbox = m_services->vault + "/Inbox";
+        const auto saved = save("# Shopping\n\nBuy milk today");
+        QCOMPARE(saved.value(), inbox + "/2026-01-22--093000--buy-milk-today.md");
+        QCOMPARE(m_services->sound.played, QStringList{"Pop"});
         m_services->config.update([](AppConfig& config) { config.playSoundOnSave = false; });
         // Within the same second a title replaces its note.
         m_services->loop.setWallClock(m_services->loop.now().addMSecs(500));
-        QCOMPARE(save(QStringLiteral("Buy milk today\ntwo")).value(), *saved);
+        QCOMPARE(save("Buy milk today\ntwo").value(), *saved);
         QVERIFY(readTestFile(*saved).endsWith("two"));
         m_services->loop.setWallClock(m_services->loop.now().addMSecs(500));
-        QVERIFY(save(QStringLiteral("Buy milk today")).value() != *saved);
+        QVERIFY(save("Buy milk today").value() != *saved);
         QCOMPARE(filesIn(inbox).count(u','), 1);
         QCOMPARE(m_services->sound.played.size(), 1);
     }
     void save_strangeText_losesNothing()
     {
         const auto saved = save(QStringLiteral("be") + QChar(0xD83D) + QStringLiteral("fore\n") + QChar(0xDCA1));
-        QVERIFY(saved.value().endsWith(QStringLiteral("--before.md")));
+        QVERIFY(saved.value().endsWith("--before.md"));
         const QByteArray bytes = readTestFile(*saved);
         QCOMPARE(QString::fromUtf8(bytes).toUtf8(), bytes);
         QVERIFY(!QString::fromUtf8(bytes).contains(QChar::ReplacementCharacter));
@@ -42,50 +42,50 @@ private Q_SLOTS:
     void save_badVault_failsAndWritesNothing()
     {
         const QString folder = m_services->folder.path();
-        writeTestFile(folder + QStringLiteral("/plain"), "a file");
-        makeTestLink(QStringLiteral("missing"), folder + QStringLiteral("/dangling"));
+        writeTestFile(folder + "/plain", "a file");
+        makeTestLink("missing", folder + "/dangling");
         QVERIFY(QDir::setCurrent(folder));
         const QStringList before = QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System);
         for (const auto& [vault, message] : {
                  std::pair(QString(), "The vault path is not an absolute path: \"\""),
-                 {QStringLiteral("notes"), "The vault path is not an absolute path: \"notes\""},
-                 {folder + QStringLiteral("/plain/vault"), "Not a directory"},
+                 {"notes", "The vault path is not an absolute path: \"notes\""},
+                 {folder + "/plain/vault", "Not a directory"},
                  {folder + QStringLiteral("/n") + QChar::Null + u'x', "Invalid argument"},
-                 {folder + QStringLiteral("/dangling"), "No such file or directory"},
+                 {folder + "/dangling", "No such file or directory"},
              }) {
             m_services->config.update([&path = vault](AppConfig& config) { config.vaultPath = path; });
-            QCOMPARE(save(QStringLiteral("precious")).error().message, QString::fromLatin1(message));
+            QCOMPARE(save("precious").error().message, message);
             QCOMPARE(QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System), before);
         }
-        QVERIFY(QDir::setCurrent(QStringLiteral("/")) && m_services->sound.played.isEmpty());
+        QVERIFY(QDir::setCurrent("/") && m_services->sound.played.isEmpty());
     }
     void save_links_theUsersInboxAloneLeadsOut()
     {
-        const QString shared = m_services->folder.filePath(QStringLiteral("shared"));
+        const QString shared = m_services->folder.filePath("shared");
         QVERIFY(QDir().mkpath(shared));
-        makeTestLink(QStringLiteral("../shared"), m_services->vault + QStringLiteral("/Inbox"));
-        makeTestLink(QStringLiteral("../outside"), m_services->vault + QStringLiteral("/Away"));
-        m_services->config.update([](AppConfig& config) { config.saveSubfolder = QStringLiteral("Away/Sub"); });
-        const auto saved = save(QStringLiteral("text"), "Other");
-        QCOMPARE(QFileInfo(saved.value()).path(), m_services->vault + QStringLiteral("/Inbox"));
+        makeTestLink("../shared", m_services->vault + "/Inbox");
+        makeTestLink("../outside", m_services->vault + "/Away");
+        m_services->config.update([](AppConfig& config) { config.saveSubfolder = "Away/Sub"; });
+        const auto saved = save("text", "Other");
+        QCOMPARE(QFileInfo(saved.value()).path(), m_services->vault + "/Inbox");
         QCOMPARE(filesIn(shared), QFileInfo(*saved).fileName());
-        QVERIFY(!QFileInfo::exists(m_services->folder.filePath(QStringLiteral("outside"))));
+        QVERIFY(!QFileInfo::exists(m_services->folder.filePath("outside")));
     }
 
     void draft_isRestored_andBlankTextClears()
     {
         DraftManager& drafts = m_services->drafts;
-        const QString text = QStringLiteral(u" a/\"b\"\\\r\n\t\U0001F4A1\u2028\u0001 ");
+        const QString text = " a/\"b\"\\\r\n\t\U0001F4A1\u2028\u0001 ";
         for (const char16_t* blank : {u"", u"  \t", u"\r\n\u2028 \u00a0\n"}) {
             drafts.save(text, {}, {});
-            QCOMPARE(filesIn(m_services->directories.ownFolder()), QStringLiteral(".draft.json,config.json"));
+            QCOMPARE(filesIn(m_services->directories.ownFolder()), ".draft.json,config.json");
             QCOMPARE(storedDraft().content, text);
             drafts.save(QString::fromUtf16(blank), {}, {});
             QVERIFY(!drafts.currentDraft());
-            QCOMPARE(filesIn(m_services->directories.ownFolder()), QStringLiteral("config.json"));
+            QCOMPARE(filesIn(m_services->directories.ownFolder()), "config.json");
         }
-        drafts.save({}, QStringLiteral("title alone"), {});
-        QCOMPARE(storedDraft().title, QStringLiteral("title alone"));
+        drafts.save({}, "title alone", {});
+        QCOMPARE(storedDraft().title, "title alone");
     }
     void draft_badFile_isNoneAndIsKept()
     {
@@ -105,12 +105,12 @@ private Q_SLOTS:
                 DraftManager manager(m_services->directories, m_services->loop);
                 QVERIFY2(!manager.currentDraft(), bytes);
                 const QString line = output.lines().join(u'|');
-                QVERIFY2(line.startsWith(QStringLiteral("Failed to load draft: ")), bytes);
-                QVERIFY2(line.contains(QString::fromLatin1(hint)), qPrintable(line));
+                QVERIFY2(line.startsWith("Failed to load draft: "), bytes);
+                QVERIFY2(line.contains(hint), qPrintable(line));
                 QCOMPARE(readTestFile(draftPath()), QByteArray(bytes));
                 manager.save(typed, {}, {});
                 manager.save(typed, {}, {});
-                QCOMPARE(readTestFile(draftPath() + QStringLiteral(".unreadable")), QByteArray(bytes));
+                QCOMPARE(readTestFile(draftPath() + ".unreadable"), QByteArray(bytes));
                 QCOMPARE(storedDraft().content, typed);
             }
         }
@@ -129,10 +129,10 @@ private Q_SLOTS:
         ConfigManager& config = m_services->config;
         config.save();
         DraftManager& drafts = m_services->drafts;
-        drafts.save(QStringLiteral("old thought"), {}, {});
+        drafts.save("old thought", {}, {});
         const auto onDisk = [&] { return readTestFile(draftPath()) + readTestFile(config.configURL()); };
         const QByteArray before = onDisk();
-        const QString thought = QStringLiteral("new thought");
+        const QString thought = "new thought";
         {
             const FullDisk full;
             drafts.save(thought, {}, {});
@@ -141,15 +141,15 @@ private Q_SLOTS:
         }
         QCOMPARE(onDisk(), before);
         QCOMPARE(drafts.currentDraft()->content, thought);
-        QCOMPARE(filesIn(m_services->directories.ownFolder()), QStringLiteral(".draft.json,config.json"));
-        QCOMPARE(filesIn(m_services->vault + QStringLiteral("/Inbox")), QString());
+        QCOMPARE(filesIn(m_services->directories.ownFolder()), ".draft.json,config.json");
+        QCOMPARE(filesIn(m_services->vault + "/Inbox"), QString());
         drafts.save(thought, {}, {});
         QCOMPARE(storedDraft().content, thought);
         QVERIFY(save(thought));
     }
 
 private:
-    QString draftPath() const { return m_services->directories.ownFolder() + QStringLiteral("/.draft.json"); }
+    QString draftPath() const { return m_services->directories.ownFolder() + "/.draft.json"; }
     static QString filesIn(const QString& folder)
     {
         return QDir(folder).entryList(QDir::Files | QDir::Hidden).join(u',');
@@ -160,7 +160,7 @@ private:
     }
     tl::expected<QString, FileError> save(const QString& content, const char* noteType = "Fleeting")
     {
-        return m_services->notes.save({}, content, QString::fromUtf8(noteType));
+        return m_services->notes.save({}, content, noteType);
     }
 
     std::unique_ptr<TestServices> m_services;

@@ -75,9 +75,8 @@ private Q_SLOTS:
         QCOMPARE(controller().pomodoroStartTime().time(), QTime(9, 58));
         loop().advance(42min);
         QCOMPARE(m_completed, QList<QTime>({QTime(9, 57), QTime(10, 17), QTime(10, 37)}));
-        QCOMPARE(m_services->popups.calls.mid(1),
-                 QStringList({QStringLiteral("show check-in"), QStringLiteral("raise check-in")}));
-        QCOMPARE(m_services->sound.played, QStringList({QStringLiteral("Tink"), QStringLiteral("Tink")}));
+        QCOMPARE(m_services->popups.calls.mid(1), QStringList({"show check-in", "raise check-in"}));
+        QCOMPARE(m_services->sound.played, QStringList({"Tink", "Tink"}));
     }
 
     void snooze_suppressesTheNextIntervalOnly()
@@ -86,7 +85,7 @@ private Q_SLOTS:
         loop().advance(20min + 5s);
         m_services->popups.answer(CheckinResponse{Kind::snoozed});
         loop().advance(20min);
-        QCOMPARE(printedLast(), QStringLiteral("Still snoozed until 2026-01-22 09:10:05 +0000"));
+        QCOMPARE(printedLast(), "Still snoozed until 2026-01-22 09:10:05 +0000");
         loop().advance(20min);
         QCOMPARE(m_completed, QList<QTime>({QTime(9, 50), QTime(10, 30)}));
         QVERIFY(!controller().snoozedUntil());
@@ -110,7 +109,7 @@ private Q_SLOTS:
 
     void review_isShownOnceInItsMinute()
     {
-        setReviewTimes({QStringLiteral("09:30"), QStringLiteral("12:30"), QStringLiteral("18:00")});
+        setReviewTimes({"09:30", "12:30", "18:00"});
         loop().advance(50s);
         QList<QTime> shown;
         controller().startDailyReviewTimer();
@@ -136,9 +135,9 @@ private Q_SLOTS:
             m_services->popups.answer(action);
             QVERIFY(!m_services->popups.isDailyReviewVisible());
         }
-        QCOMPARE(m_services->popups.calls.count(QStringLiteral("raise review")), 4);
+        QCOMPARE(m_services->popups.calls.count("raise review"), 4);
         QCOMPARE(m_services->workspace.opened.size(), 1);
-        setReviewTimes({QStringLiteral("09:40")});
+        setReviewTimes({"09:40"});
         controller().startDailyReviewTimer();
         loop().advance(20min);
         QVERIFY(!m_services->popups.isDailyReviewVisible());
@@ -150,7 +149,7 @@ private:
     QString printedLast()
     {
         const QStringList lines = m_services->output->lines();
-        return lines.isEmpty() ? QString() : lines.last().section(QStringLiteral("CheckinWindowController: "), 1);
+        return lines.isEmpty() ? QString() : lines.last().section("CheckinWindowController: ", 1);
     }
     void setReviewTimes(const QStringList& times)
     {

@@ -63,7 +63,7 @@ private Q_SLOTS:
         model.completePomodoro();
         model.completePomodoro();
         model.startCompletingTask();
-        model.setNewFocus(QStringLiteral("More"));
+        model.setNewFocus("More");
         model.submit();
         QCOMPARE(responses, QList<CheckinResponse>({{Kind::onTrack}}));
         QVERIFY(services.dailyFocus().contains("\"focus\": \"Working\",\n  \"pomodoro_count\": 3"));
@@ -146,7 +146,7 @@ private Q_SLOTS:
         // A held Return opens the entry and does not submit it.
         stage.find("Change focus")->setFocus(Qt::TabFocusReason);
         press(Qt::Key_Return);
-        QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, {}, QStringLiteral("\r"), true);
+        QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, {}, "\r", true);
         QCoreApplication::sendEvent(QApplication::focusWidget(), &held);
         QVERIFY(stage.responses.isEmpty());
         press(Qt::Key_Escape);

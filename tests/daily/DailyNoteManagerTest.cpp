@@ -23,7 +23,7 @@ QByteArray changed(QByteArray text, const char* before, const char* after)
 /// Makes the edit of this name.
 bool edit(DailyNoteManager& manager, const QString& name)
 {
-    const QString go = QStringLiteral("Go");
+    const QString go = "Go";
     return name == u"update focus"           ? manager.updateFocus(go)
            : name == u"add pomodoro entry"   ? manager.addPomodoroEntry(go)
            : name == u"toggle task"          ? manager.toggleTask(3)
@@ -43,9 +43,9 @@ private Q_SLOTS:
     {
         TestServices s;
         QVERIFY(!s.daily.todayNote().exists);
-        s.config.update([](AppConfig& config) { config.vaultPath = QStringLiteral("/My Vault/"); });
+        s.config.update([](AppConfig& config) { config.vaultPath = "/My Vault/"; });
         s.loop.setWallClock(QDateTime(QDate(2027, 1, 1), QTime(0, 0)));
-        QCOMPARE(s.daily.getTodayNotePath(), QStringLiteral("/My Vault/Daily/2027/2027-01-01.md"));
+        QCOMPARE(s.daily.getTodayNotePath(), "/My Vault/Daily/2027/2027-01-01.md");
         QCOMPARE(s.daily.todayNote().path, s.notePath);
         s.daily.loadTodayNote();
         s.loop.runQueued();
@@ -63,11 +63,11 @@ private Q_SLOTS:
         DailyNoteManager manager(
             {services.config, services.signalManager, services.loop, services.events, services.workspace});
         QVERIFY(manager.isLoading() && !manager.todayNote().exists);
-        QVERIFY(!edit(manager, QStringLiteral("update focus")) && !edit(manager, QStringLiteral("toggle task")));
+        QVERIFY(!edit(manager, "update focus") && !edit(manager, "toggle task"));
         QCOMPARE(services.note(), note);
         services.loop.runQueued();
         QVERIFY(!manager.isLoading());
-        QCOMPARE(manager.todayNote().focus, QStringLiteral("Old"));
+        QCOMPARE(manager.todayNote().focus, "Old");
     }
 
     void load_unreadable_keepsTheNote()
@@ -78,10 +78,10 @@ private Q_SLOTS:
             bytes.isNull() ? void(QDir().mkdir(s.notePath)) : writeTestFile(s.notePath, bytes);
             s.daily.loadTodayNote();
             s.loop.runQueued();
-            QCOMPARE(s.daily.lastError(), QStringLiteral("Failed to load daily note: ") +
-                                              (bytes.isNull() ? QStringLiteral("Is a directory")
-                                                              : QStringLiteral("The file is not valid UTF-8 text.")));
-            QCOMPARE(s.daily.todayNote().focus, QStringLiteral("Old"));
+            QCOMPARE(s.daily.lastError(),
+                     QStringLiteral("Failed to load daily note: ") +
+                         (bytes.isNull() ? "Is a directory" : "The file is not valid UTF-8 text."));
+            QCOMPARE(s.daily.todayNote().focus, "Old");
             QVERIFY(!s.daily.toggleTask(3));
             QCOMPARE(s.note(), bytes);
         }
@@ -93,7 +93,7 @@ private Q_SLOTS:
         QSignalSpy changes(&s.daily, &DailyNoteManager::todayNoteChanged);
         // The event of the old file, which arrives while an edit is under way, is none.
         s.events.report(s.notePath, Event::Renamed);
-        QVERIFY(s.daily.toggleTask(3) && s.daily.updateFocus(QStringLiteral("x")));
+        QVERIFY(s.daily.toggleTask(3) && s.daily.updateFocus("x"));
         QCOMPARE(s.events.paths().count(s.notePath), 1);
         s.loop.advance(2s);
         QCOMPARE(changes.size(), 2);
@@ -104,7 +104,7 @@ private Q_SLOTS:
         s.loop.advance(399ms);
         QCOMPARE(changes.size(), 2);
         s.loop.advance(1ms);
-        QCOMPARE(s.daily.todayNote().focus, QStringLiteral("New"));
+        QCOMPARE(s.daily.todayNote().focus, "New");
         s.loop.advance(10s);
         QCOMPARE(changes.size(), 4);
 
@@ -125,7 +125,7 @@ private Q_SLOTS:
                  {"update focus", changed(note, "Old", "Go")},
                  {"add pomodoro entry", changed(note, "3/8", "4/8") + "| 4 | 09:30 | Go |\n"},
              }) {
-            const QString name = QString::fromLatin1(editName);
+            const QString name = editName;
             TestServices s(note);
             {
                 const FullDisk full;
@@ -142,11 +142,11 @@ private Q_SLOTS:
             QCOMPARE(s.daily.todayNote().content.toUtf8(), after);
         }
         TestServices s("## Carryover\n- [ ] a");
-        QVERIFY(!s.daily.addNewTask(QStringLiteral("x")));
-        QCOMPARE(s.daily.lastError(), QStringLiteral("Could not find tasks section in daily note"));
+        QVERIFY(!s.daily.addNewTask("x"));
+        QCOMPARE(s.daily.lastError(), "Could not find tasks section in daily note");
         QVERIFY(QDir(s.vault).removeRecursively());
         QVERIFY(!s.daily.toggleTask(1));
-        QCOMPARE(s.daily.lastError(), QStringLiteral("Failed to toggle task: No such file or directory"));
+        QCOMPARE(s.daily.lastError(), "Failed to toggle task: No such file or directory");
         QVERIFY(!QFileInfo::exists(s.vault)); // not made again for an edit
     }
 
@@ -172,7 +172,7 @@ private Q_SLOTS:
     {
         TestServices s(changed(note, "3/8", "9223372036854775806/8"));
         QVERIFY(s.daily.addPomodoroToTask(3) && s.daily.addPomodoroToTask(3) && s.daily.toggleTask(3));
-        QVERIFY(s.daily.addPomodoroEntry(QStringLiteral("x")) && s.daily.addPomodoroEntry(QStringLiteral("y")));
+        QVERIFY(s.daily.addPomodoroEntry("x") && s.daily.addPomodoroEntry("y"));
         QCOMPARE(s.note(), changed(note, "[ ] a", "[x] a 🍅 🍅").replace("3/8", "9223372036854775807/8") +
                                "| 9223372036854775807 | 09:30 | x |\n| 9223372036854775807 | 09:30 | y |\n");
     }
@@ -182,7 +182,7 @@ private Q_SLOTS:
         TestServices s(note);
         QByteArray fresh = "top\n" + changed(note, "3/8", "6/8");
         writeTestFile(s.notePath, fresh);
-        QVERIFY(s.daily.addPomodoroEntry(QStringLiteral("Go")));
+        QVERIFY(s.daily.addPomodoroEntry("Go"));
         s.loop.runQueued();
         QCOMPARE(s.note(), fresh.replace("6/8", "7/8").replace("|---|\n", "|---|\n| 7 | 09:30 | Go |\n"));
         QCOMPARE(s.daily.todayNote().content.toUtf8(), fresh);
@@ -191,9 +191,9 @@ private Q_SLOTS:
         writeTestFile(s.notePath, fresh.replace("] a", "] later"));
         QVERIFY(!s.daily.toggleTask(4));
         s.loop.runQueued();
-        QVERIFY(s.daily.lastError()->startsWith(QStringLiteral("Failed to toggle task: The note was changed by")));
+        QVERIFY(s.daily.lastError()->startsWith("Failed to toggle task: The note was changed by"));
         QCOMPARE(s.note(), fresh);
-        QCOMPARE(s.daily.todayNote().tasks.first().text, QStringLiteral("later"));
+        QCOMPARE(s.daily.todayNote().tasks.first().text, "later");
     }
 };
 

@@ -14,7 +14,7 @@ namespace {
 
 QString result(const Edits::Lines& lines, const std::optional<LineChanges>& changes)
 {
-    return changes ? Edits::apply(lines, *changes) : QStringLiteral("(can't be done)");
+    return changes ? Edits::apply(lines, *changes) : "(can't be done)";
 }
 
 using Text = const char*;
@@ -99,7 +99,7 @@ private Q_SLOTS:
             for (const char16_t* lineBreak : {u"\n", u"\r\n", u"\r", u"\v", u"\f", u"\u0085", u"\u2028", u"\u2029"}) {
                 const QString text = QString::fromUtf8(content).replace(u'\n', QString::fromUtf16(lineBreak));
                 const QString found = picture(parseDailyNote(text));
-                QVERIFY2(found == QString::fromUtf8(expected), qPrintable(QLatin1String(name) + u'\n' + found));
+                QVERIFY2(found == expected, qPrintable(QLatin1String(name) + u'\n' + found));
             }
         }
     }
@@ -107,14 +107,14 @@ private Q_SLOTS:
     void edit()
     {
         for (const auto& [kind, name, before, after] : editRows) {
-            const QString text = QString::fromUtf8(before);
+            const QString text = before;
             const Edits::Lines lines = splitLines(text);
-            const QString go = QStringLiteral("Go");
+            const QString go = "Go";
             const auto changes = *kind == 'f'   ? Edits::updateFocus(lines, go)
-                                 : *kind == 'e' ? Edits::addPomodoroEntry(lines, 4, QStringLiteral("09:30"), go)
+                                 : *kind == 'e' ? Edits::addPomodoroEntry(lines, 4, "09:30", go)
                                                 : Edits::addNewTask(lines, go);
             const QString found = result(lines, changes);
-            QVERIFY2(found == QString::fromUtf8(after), qPrintable(QLatin1String(name) + u'\n' + found));
+            QVERIFY2(found == after, qPrintable(QLatin1String(name) + u'\n' + found));
         }
     }
 
@@ -134,12 +134,12 @@ private Q_SLOTS:
                  {"- [ ] 🍅\u200D🍅", "- [x] 🍅\u200D🍅", none, 0},
                  {"- [ ] 🍅\u0301", "- [x] 🍅\u0301", none, 0},
              }) {
-            const QString line = QString::fromUtf8(before);
+            const QString line = before;
             const Edits::Lines lines = {line};
-            QCOMPARE(result(lines, Edits::toggleTask(lines, 0)), QString::fromUtf8(toggled));
-            QCOMPARE(result(lines, Edits::removePomodoroFromTask(lines, 0)), QString::fromUtf8(removed));
+            QCOMPARE(result(lines, Edits::toggleTask(lines, 0)), toggled);
+            QCOMPARE(result(lines, Edits::removePomodoroFromTask(lines, 0)), removed);
             QCOMPARE(Edits::pomodoroCount(line), tomatoes);
-            QCOMPARE(result(lines, Edits::addPomodoroToTask(lines, 0)), line + QStringLiteral(" 🍅"));
+            QCOMPARE(result(lines, Edits::addPomodoroToTask(lines, 0)), line + " 🍅");
         }
     }
 

@@ -85,17 +85,17 @@ private Q_SLOTS:
         for (const char* text : {"Ship it", "Publish visuals", "+3", "Visuals first?", "✅ first"}) {
             QVERIFY2(tab.says(text), text);
         }
-        QCOMPARE(tab.model.workDone().first(), QStringLiteral("✅ second")); // the newest
+        QCOMPARE(tab.model.workDone().first(), "✅ second"); // the newest
         QStringList rows;
         for (const TaskPickerRow& row : tab.model.pickerRows()) {
             rows.append(row.text.section(u' ', 0, 0) + row.tomatoes);
         }
-        QCOMPARE(rows.join(u'|'), QStringLiteral("Publish|Deep🍅🍅🍅🍅🍅+4"));
+        QCOMPARE(rows.join(u'|'), "Publish|Deep🍅🍅🍅🍅🍅+4");
         QCOMPARE(allNamed<QPushButton>(tab.host, removeTooltip).size(), 2 + 6);
         // What is done is not started.
         QCOMPARE(allNamed<QPushButton>(tab.host, "Start Pomodoro for this task").size(), 2);
         Tab bare("");
-        QCOMPARE(visibleTexts(bare.host).mid(1).join(u'|'), QStringLiteral("FOCUS|No focus set"));
+        QCOMPARE(visibleTexts(bare.host).mid(1).join(u'|'), "FOCUS|No focus set");
         QVERIFY(bare.find("Add task") == nullptr && !bare.find("Mark focus done")->isEnabled());
     }
 
@@ -104,15 +104,15 @@ private Q_SLOTS:
         Tab tab;
         tab.model.markFocusDone();
         QCOMPARE(tab.model.editedFocus(), QString());
-        tab.model.setEditedFocus(QStringLiteral(" \t "));
+        tab.model.setEditedFocus(" \t ");
         tab.model.saveFocus();
         QVERIFY(!tab.model.isSettingNewFocus());
         tab.click("Add task");
         auto* field = tab.find<QLineEdit>("New task");
-        QTest::keyClicks(field, QStringLiteral("  "));
+        QTest::keyClicks(field, "  ");
         tab.press(Qt::Key_Return);
         QVERIFY(field->isVisible() && field->hasFocus());
-        QTest::keyClicks(field, QStringLiteral("Buy milk "));
+        QTest::keyClicks(field, "Buy milk ");
         tab.press(Qt::Key_Return);
         QCOMPARE(tab.note(), QByteArray(plainNote).replace("\n\n## Coach", "\n- [ ] Buy milk\n\n## Coach"));
         QVERIFY(!field->isVisible() && tab.find("Add task")->hasFocus());
@@ -140,8 +140,8 @@ private Q_SLOTS:
             type(edit, "abc");
             QTest::keyClick(edit, Qt::Key_Left);
             tab.writeNote("## Today's Focus\n**Other**\n## Tasks\n- [ ] new one\n- [x] Review notes 🍅🍅\n");
-            QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("x"));
-            QCOMPARE(edit->text(), QStringLiteral("abxc"));
+            QTest::keyClicks(QApplication::focusWidget(), "x");
+            QCOMPARE(edit->text(), "abxc");
         }
     }
     void keyboard_staysOnItsTaskWhenOthersComeAndGo()
@@ -151,7 +151,7 @@ private Q_SLOTS:
         check->setFocus();
         tab.writeNote("## Tasks\n- [ ] one\n- [ ] two\n- [ ] Publish visuals\n- [ ] four\n");
         QVERIFY(check->hasFocus());
-        QCOMPARE(spoken(check), QStringLiteral("Publish visuals"));
+        QCOMPARE(spoken(check), "Publish visuals");
         tab.press(Qt::Key_Space);
         QVERIFY(tab.note().contains("- [x] Publish visuals\n"));
         // The rows are walked in the order of the note, not of their making.

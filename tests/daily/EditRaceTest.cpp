@@ -99,8 +99,8 @@ private Q_SLOTS:
         QStringList expected(m_focus);
         for (qsizetype i = 0; i < m_tasks.size(); ++i) {
             const auto& [isTicked, tomatoes] = m_tasks[i];
-            expected.append((isTicked ? QStringLiteral("- [x] task %1.") : QStringLiteral("- [ ] task %1.")).arg(i) +
-                            QStringLiteral(" 🍅").repeated(tomatoes));
+            const QString task(isTicked ? "- [x] task %1." : "- [ ] task %1.");
+            expected.append(task.arg(i) + QString(" 🍅").repeated(tomatoes));
         }
         for (int i = 0; i < other.lineCount(); ++i) {
             expected.append(QStringLiteral("other %1").arg(i));
@@ -136,7 +136,7 @@ private:
                 m_tasks.append(Expected());
             }
         } else if (kind == 1) {
-            m_entries += manager.addPomodoroEntry(QStringLiteral("entry")) ? 1 : 0;
+            m_entries += manager.addPomodoroEntry("entry") ? 1 : 0;
         } else if (kind == 2) {
             const QString focus = QStringLiteral("focus %1").arg(m_random.generate());
             m_focus = manager.updateFocus(focus) ? focus : m_focus;

@@ -40,11 +40,11 @@ struct Files
     }
 
     QString folder;
-    Directories directories{.home = folder, .applicationSupport = folder + QStringLiteral("/support"), .cache = {}};
-    QString vault = folder + QStringLiteral("/Vault");
-    QString daily = vault + QStringLiteral("/Daily/2026/2026-01-22.md");
-    QString config = directories.ownFolder() + QStringLiteral("/config.json");
-    QString draft = directories.ownFolder() + QStringLiteral("/.draft.json");
+    Directories directories{.home = folder, .applicationSupport = folder + "/support", .cache = {}};
+    QString vault = folder + "/Vault";
+    QString daily = vault + "/Daily/2026/2026-01-22.md";
+    QString config = directories.ownFolder() + "/config.json";
+    QString draft = directories.ownFolder() + "/.draft.json";
 };
 
 /// One run of such a user, from `number` on, until the process is killed. Says on standard error what has been done.
@@ -64,14 +64,14 @@ struct Files
     loop.runQueued();
     for (;; ++number) {
         std::fprintf(stderr, "%d\n", number);
-        draft.save(Files::text(number), {}, QStringLiteral("Fleeting"));
+        draft.save(Files::text(number), {}, "Fleeting");
         config.update([number](AppConfig& changed) { changed.panelWidth = number; });
         config.save();
         daily.toggleTask(daily.todayNote().tasks.first().lineNumber);
         loop.runQueued();
         if (number % 4 == 0) {
             loop.advance(std::chrono::seconds(1));
-            std::ignore = notes.save({}, Files::text(number), QStringLiteral("Fleeting"));
+            std::ignore = notes.save({}, Files::text(number), "Fleeting");
         }
     }
 }
@@ -124,8 +124,7 @@ private:
     static int liveAndDie(const QString& folder, int number)
     {
         QProcess victim;
-        victim.start(QCoreApplication::applicationFilePath(),
-                     {QStringLiteral("--victim"), folder, QString::number(number)});
+        victim.start(QCoreApplication::applicationFilePath(), {"--victim", folder, QString::number(number)});
         victim.waitForStarted();
         victim.setReadChannel(QProcess::StandardError);
         victim.waitForReadyRead(10000);
@@ -151,8 +150,8 @@ private:
 
     static void checkNotes(const Files& files)
     {
-        QDir inbox(files.vault + QStringLiteral("/Inbox"));
-        for (const QString& name : inbox.entryList({QStringLiteral("*.md")}, QDir::Files)) {
+        QDir inbox(files.vault + "/Inbox");
+        for (const QString& name : inbox.entryList({"*.md"}, QDir::Files)) {
             const QByteArray note = readTestFile(inbox.filePath(name));
             QVERIFY2(note.startsWith("---\n") && note.trimmed().endsWith(" end"), qPrintable(name));
             QFile::remove(inbox.filePath(name));

@@ -121,7 +121,7 @@ private Q_SLOTS:
     }
 
 private:
-    QString path(const char* name) const { return m_folder->filePath(QString::fromUtf8(name)); }
+    QString path(const char* name) const { return m_folder->filePath(name); }
 
     std::unique_ptr<QTemporaryDir> m_folder;
     InotifyFileEventSources m_sources;

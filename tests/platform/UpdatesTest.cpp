@@ -57,8 +57,8 @@ struct Client
 {
     explicit Client(const Server& server)
         : feed{.address = QUrl(QStringLiteral("http://127.0.0.1:%1/feed").arg(server.serverPort())),
-               .ownVersion = QStringLiteral("1.2"),
-               .isAllowed = [](const QUrl& url) { return url.host() == QStringLiteral("127.0.0.1"); }}
+               .ownVersion = "1.2",
+               .isAllowed = [](const QUrl& url) { return url.host() == "127.0.0.1"; }}
     {
     }
     Updater::State settled()
@@ -119,9 +119,9 @@ private Q_SLOTS:
             const Updater::State state = client.settled();
             const QStringList newer{state.version, state.page.toString(), state.notes};
             const QString said = state.status == Updater::Status::Available  ? newer.join(u' ')
-                                 : state.status == Updater::Status::UpToDate ? QStringLiteral("up to date")
+                                 : state.status == Updater::Status::UpToDate ? "up to date"
                                                                              : state.reason;
-            QVERIFY2(said.contains(QLatin1String(expected)), qPrintable(said));
+            QVERIFY2(said.contains(expected), qPrintable(said));
             QVERIFY(server.requests == 1 || answer == moved("/feed"));
         }
     }
@@ -132,11 +132,11 @@ private Q_SLOTS:
         client.updater.checkForUpdates();
         QTRY_COMPARE(silent.requests, 1);
         client.loop.advance(15s);
-        QVERIFY(client.settled().reason.contains(QStringLiteral("does not answer")));
+        QVERIFY(client.settled().reason.contains("does not answer"));
 
-        FeedUpdater plain({.address = QUrl(QStringLiteral("http://127.0.0.1:%1/").arg(silent.serverPort())),
-                           .ownVersion = QStringLiteral("1.2")},
-                          client.defaults, client.loop);
+        FeedUpdater plain(
+            {.address = QUrl(QStringLiteral("http://127.0.0.1:%1/").arg(silent.serverPort())), .ownVersion = "1.2"},
+            client.defaults, client.loop);
         plain.checkForUpdates();
         QCOMPARE(plain.state().status, Updater::Status::Failed);
         QCOMPARE(silent.requests, 1);

@@ -24,7 +24,7 @@ private Q_SLOTS:
     void init()
     {
         motion::set(motion::Setting::Never);
-        m_desktop = std::make_unique<Desktop>([](AppConfig& config) { config.windowMode = QStringLiteral("made up"); });
+        m_desktop = std::make_unique<Desktop>([](AppConfig& config) { config.windowMode = "made up"; });
         m_desktop->changeCoach([](CoachConfig& coach) { coach.misalignmentThreshold = 7; }); // not among the controls
         open();
     }
@@ -65,7 +65,7 @@ private Q_SLOTS:
         click("Hybrid");
         named<ComboBox>(*m_window, "Coach Style")->setCurrentIndex(1);
         click("Use this style's prompt");
-        QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("Hm. "));
+        QTest::keyClicks(QApplication::focusWidget(), "Hm. ");
 
         click("Remind me to review my daily note");
         click("Remove time 2");
@@ -76,18 +76,18 @@ private Q_SLOTS:
 
         QTest::keyClick(named<TextArea>(*m_window, "Coach Prompt"), Qt::Key_Return, Qt::ControlModifier);
         config.vaultPath = m_desktop->folder.path();
-        config.saveSubfolder = QStringLiteral("Ideas");
+        config.saveSubfolder = "Ideas";
         config.playSoundOnSave = false;
         config.defaultTags = listOf("a,b c,d");
         config.windowOpacity = 0.9;
         config.colorPalette = ColorPalette::forestFocus;
         config.pomodoroEnabled = config.coachEnabled = config.dailyReviewEnabled = false;
         config.pomodoroIntervalMinutes = coach.pomodoroIntervalMinutes = 60;
-        config.checkinStartTime = coach.checkinStartTime = QStringLiteral("8.00");
-        config.checkinEndTime = coach.checkinEndTime = QStringLiteral("20:00");
-        config.detectionMode = coach.detectionMode = QStringLiteral("hybrid");
+        config.checkinStartTime = coach.checkinStartTime = "8.00";
+        config.checkinEndTime = coach.checkinEndTime = "20:00";
+        config.detectionMode = coach.detectionMode = "hybrid";
         config.dailyReviewTimes = listOf("19:00,21:30");
-        coach.coachStyle = QStringLiteral("tough");
+        coach.coachStyle = "tough";
         coach.coachPrompt = QStringLiteral("Hm. ") + coachPresets().at(1).prompt;
         QVERIFY(m_desktop->settings() == config && ConfigManager(m_desktop->directories).config() == config);
         m_desktop->signalManager.loadConfig();
@@ -97,7 +97,7 @@ private Q_SLOTS:
     void app_switchSpringsBackWhereItFails()
     {
         auto* login = named<QCheckBox>(*m_window, "Start Flitmark at login");
-        const QString inTheWay = m_desktop->folder.filePath(QStringLiteral("autostart"));
+        const QString inTheWay = m_desktop->folder.filePath("autostart");
         writeTestFile(inTheWay, "");
         QTest::mouseClick(login->parentWidget(), Qt::LeftButton);
         QVERIFY(!login->isChecked() && shows("Not a directory"));
@@ -111,7 +111,7 @@ private Q_SLOTS:
         m_desktop->config.update([](AppConfig& config) {
             config.vaultPath = QStringLiteral("/long").repeated(300);
             config.quickTags[0].appendText = QStringLiteral("#long").repeated(300);
-            config.dailyReviewTimes = QStringList(40, QStringLiteral("x"));
+            config.dailyReviewTimes = QStringList(40, "x");
         });
         QFont font = m_font;
         font.setPointSizeF(16.5);
@@ -128,17 +128,17 @@ private Q_SLOTS:
     void load_fillsGaps()
     {
         for (const auto& [style, prompt, shownStyle, shownPrompt] : {
-                 std::tuple("stoic", "mine", "stoic", QStringLiteral("mine")),
+                 std::tuple("stoic", "mine", "stoic", QString("mine")),
                  {"stoic", "", "stoic", coachPresets().at(3).prompt},
-                 {"drill", "mine", "custom", QStringLiteral("mine")},
+                 {"drill", "mine", "custom", "mine"},
                  {"drill", "", "custom", QString()},
              }) {
             m_desktop->changeCoach([&style = style, &prompt = prompt](CoachConfig& coach) {
-                coach.coachStyle = QString::fromLatin1(style);
-                coach.coachPrompt = QString::fromLatin1(prompt);
+                coach.coachStyle = style;
+                coach.coachPrompt = prompt;
             });
             model().loadSettings();
-            QCOMPARE(model().state().coachStyle, QLatin1String(shownStyle));
+            QCOMPARE(model().state().coachStyle, shownStyle);
             QCOMPARE(model().state().coachPrompt, shownPrompt);
         }
         m_desktop->config.update([](AppConfig& config) { config.dailyReviewTimes.clear(); });
@@ -171,9 +171,9 @@ private Q_SLOTS:
         flitmark::click(*second, "Set as default");
         QVERIFY(stored()[1].isDefault && shows("Default"));
         flitmark::click(*second, "Edit");
-        QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("-now"));
+        QTest::keyClicks(QApplication::focusWidget(), "-now");
         press(Qt::Key_Escape);
-        QVERIFY(m_window->isVisible() && spoken(QApplication::focusWidget()) == QStringLiteral("Edit"));
+        QVERIFY(m_window->isVisible() && spoken(QApplication::focusWidget()) == "Edit");
         QVERIFY(shows("#status/pinned-now"));
 
         model().loadSettings();
@@ -184,12 +184,12 @@ private Q_SLOTS:
         QVERIFY(stored()[0].appendText.isEmpty());
         editor.deleteTag(first);
         // What still hangs on a tag that is gone does nothing.
-        text.setText(QStringLiteral("late"));
+        text.setText("late");
         editor.toggleDefault(first);
         QVERIFY(text.text().isEmpty() && stored() == editor.quickTags() && stored().size() == 3);
         for (const auto& [icon, appended, count] : {std::tuple("🎧", "", 3), {"", "#x", 3}, {" ", " ", 4}}) {
-            editor.setNewTagIcon(QString::fromUtf8(icon));
-            editor.setNewTagText(QString::fromUtf8(appended));
+            editor.setNewTagIcon(icon);
+            editor.setNewTagText(appended);
             editor.addNewTag();
             QCOMPARE(stored().size(), count);
         }
@@ -198,17 +198,17 @@ private Q_SLOTS:
     void times_areReadAsTheClockReadsThem()
     {
         for (const char* time : {"00:00", "7:30", "23:59"}) {
-            QVERIFY2(SettingsModel::isTimeOfDay(QString::fromLatin1(time)), time);
+            QVERIFY2(SettingsModel::isTimeOfDay(QString(time)), time);
         }
         for (const char* time : {"", "24:00", "12:60", "0730", "07:30:00", " 07:30", "7.30", "7:5"}) {
-            QVERIFY2(!SettingsModel::isTimeOfDay(QString::fromLatin1(time)), time);
+            QVERIFY2(!SettingsModel::isTimeOfDay(QString(time)), time);
         }
         QVERIFY(model().checkinWindowProblem().isEmpty() && model().dailyReviewTimesProblem().isEmpty());
-        model().set(&SettingsState::checkinStartTime, QStringLiteral("19:00"));
+        model().set(&SettingsState::checkinStartTime, "19:00");
         QVERIFY(model().checkinWindowProblem().contains(u"no check-in will appear"));
-        model().set(&SettingsState::checkinEndTime, QStringLiteral("7.30"));
+        model().set(&SettingsState::checkinEndTime, "7.30");
         QVERIFY(model().checkinWindowProblem().startsWith(u"End Time"));
-        model().setDailyReviewTime(0, QStringLiteral("24:00"));
+        model().setDailyReviewTime(0, "24:00");
         QVERIFY(model().dailyReviewTimesProblem().contains(u"“24:00”"));
         for (int i = 0; i < 5; ++i) {
             model().removeDailyReviewTime(0);
@@ -219,7 +219,7 @@ private Q_SLOTS:
     void presetPrompt_isOfferedWhereItDiffers()
     {
         QVERIFY(!model().offersPresetPrompt());
-        model().set(&SettingsState::coachStyle, QStringLiteral("stoic"));
+        model().set(&SettingsState::coachStyle, "stoic");
         QVERIFY(model().offersPresetPrompt());
         // Users' own prompts are never replaced by nothing.
         model().set(&SettingsState::coachStyle, QString(customCoachStyle));
@@ -241,7 +241,7 @@ private:
     {
         auto* field = named<QLineEdit>(*m_window, name);
         flitmark::type(field, {});
-        field->insert(QString::fromUtf8(text));
+        field->insert(text);
     }
     bool shows(const char* text) { return flitmark::shows(*m_window, text); }
 

@@ -44,17 +44,17 @@ private Q_SLOTS:
         QVERIFY(field("New tag text")->hasFocus());
         type(field("New tag text"), "#a & b");
         press(Qt::Key_Return);
-        QCOMPARE(m_model->quickTags().last().appendText, QStringLiteral("#a & b"));
+        QCOMPARE(m_model->quickTags().last().appendText, "#a & b");
         QVERIFY(field("New tag icon")->hasFocus());
         click("Back"); // and what was entered is still there
-        QCOMPARE(field("Vault path")->text(), QStringLiteral("/v"));
+        QCOMPARE(field("Vault path")->text(), "/v");
         click("Next");
         press(Qt::Key_Return);
         QCOMPARE(m_model->currentStep(), SetupWizardModel::finishStep);
         press(Qt::Key_Return);
         QVERIFY(m_config->config().hasCompletedSetup);
-        QCOMPARE(m_config->config().vaultPath, QStringLiteral("/v"));
-        QCOMPARE(m_config->config().saveSubfolder, QStringLiteral("Inbox"));
+        QCOMPARE(m_config->config().vaultPath, "/v");
+        QCOMPARE(m_config->config().saveSubfolder, "Inbox");
     }
 
     void everyStep_isReachedByTabAndNeverCut()
@@ -103,20 +103,20 @@ private Q_SLOTS:
                  {"/missing", "There is no folder at this path."},
                  {"/etc/passwd", "This is a file, not a folder."},
              }) {
-            m_model->setCustomVaultPath(QString::fromLatin1(path));
-            QCOMPARE(m_model->vaultPathProblem(), QLatin1String(problem));
+            m_model->setCustomVaultPath(path);
+            QCOMPARE(m_model->vaultPathProblem(), problem);
             QVERIFY(*path == 0 || *problem == 0 || shows(*m_view, problem));
             QCOMPARE(find<QAbstractButton>("Next")->isEnabled(), *path != 0);
         }
         type(field("Vault path"), "/no/such");
         // Typing in the middle leaves the caret where it is.
         field("Vault path")->setCursorPosition(3);
-        QTest::keyClicks(field("Vault path"), QStringLiteral("xy"));
+        QTest::keyClicks(field("Vault path"), "xy");
         QCOMPARE(field("Vault path")->cursorPosition(), 5);
         click("Vault 1"); // counts again; the path that was typed is kept
-        QCOMPARE(m_model->getFinalVaultPath(), m_home->filePath(QStringLiteral("Vault 1")));
+        QCOMPARE(m_model->getFinalVaultPath(), m_home->filePath("Vault 1"));
         click("Use custom folder path");
-        QCOMPARE(m_model->getFinalVaultPath(), QStringLiteral("/noxy/such"));
+        QCOMPARE(m_model->getFinalVaultPath(), "/noxy/such");
         m_dialogs.answer = m_home->path();
         click("Browse");
         QCOMPARE(field("Vault path")->text(), m_home->path());
@@ -131,15 +131,15 @@ private Q_SLOTS:
         find("Delete", 1)->setFocus(Qt::TabFocusReason);
         for (const char* next : {"#type/idea", "#type/task", "#priority/high"}) {
             press(Qt::Key_Space);
-            QCOMPARE(spoken(QApplication::focusWidget(), QAccessible::Description), QLatin1String(next));
+            QCOMPARE(spoken(QApplication::focusWidget(), QAccessible::Description), next);
             settle();
         }
         press(Qt::Key_Space);
-        QCOMPARE(spoken(QApplication::focusWidget()), QStringLiteral("New tag icon"));
-        m_model->setSaveSubfolder(QStringLiteral(" ")); // not empty, so it is kept
+        QCOMPARE(spoken(QApplication::focusWidget()), "New tag icon");
+        m_model->setSaveSubfolder(" "); // not empty, so it is kept
         m_model->finishSetup();
         QVERIFY(m_config->config().quickTags.isEmpty());
-        QCOMPARE(m_config->config().saveSubfolder, QStringLiteral(" "));
+        QCOMPARE(m_config->config().saveSubfolder, " ");
     }
     void manyVaults_areChosenByArrowsAndScroll()
     {
@@ -163,8 +163,8 @@ private:
             entries.append(QStringLiteral(R"("%1": {"path": "%2/Vault %1"})").arg(i).arg(m_home->path()));
         }
         const QString list = QStringLiteral(R"({"vaults": {%1}})").arg(entries.join(u','));
-        writeTestFile(m_home->filePath(QStringLiteral("obsidian/obsidian.json")), list.toUtf8());
-        const Directories directories{m_home->path(), m_home->filePath(QStringLiteral("conf")), {}, m_home->path()};
+        writeTestFile(m_home->filePath("obsidian/obsidian.json"), list.toUtf8());
+        const Directories directories{m_home->path(), m_home->filePath("conf"), {}, m_home->path()};
         m_view.reset();
         m_config = std::make_unique<ConfigManager>(directories);
         m_model = std::make_unique<SetupWizardModel>(*m_config, directories);

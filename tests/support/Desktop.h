@@ -37,7 +37,7 @@ struct Desktop : TestServices
     PanelWindow& panel() { return *delegate.panelWindow(); }
     TriggerButtonWindow& trigger() { return *delegate.triggerWindow(); }
 
-    AutostartLoginService loginService{folder.path(), QStringLiteral("/bin/sh")};
+    AutostartLoginService loginService{folder.path(), "/bin/sh"};
     LoginItemManager loginItemManager{loginService};
     FakeUpdater updater;
     AppUpdateController updateController{updater};

@@ -20,7 +20,7 @@ public:
                                                                    FileEventSource::Handler handler) override
     {
         if (isBroken) {
-            return tl::unexpected(FileError{QStringLiteral("Broken")});
+            return tl::unexpected(FileError{"Broken"});
         }
         auto source = std::make_unique<Source>();
         source->watches = &m_open;

@@ -22,7 +22,7 @@ class PseudoLanguage final : public QTranslator
 public:
     static QString of(const char* source)
     {
-        QString text = QString::fromUtf8(source).replace(u'…', QStringLiteral("..."));
+        QString text = QString::fromUtf8(source).replace(u'…', "...");
         const qsizetype length = text.size();
         for (const auto& [plain, accented] : {std::pair(u'a', u'å'), {u'e', u'ê'}, {u'o', u'ö'}, {u'u', u'ü'}}) {
             text.replace(plain, accented);
@@ -88,9 +88,9 @@ inline QStringList faultsInTexts(QWidget& window)
 {
     QStringList faults;
     const auto check = [&faults](const char* what, const QString& text) {
-        static const QRegularExpression bracketed(QStringLiteral("\\[[^\\[\\]]*\\]"));
+        static const QRegularExpression bracketed("\\[[^\\[\\]]*\\]");
         // Paths, tags and the names of keys are the same in every language, and the locale writes dates.
-        static const QRegularExpression same(QStringLiteral("[~/][^ \\[\\]]*|#\\S+|[⌘⌥]\\w|\\.md|Inbox|Thursday, Jan"));
+        static const QRegularExpression same("[~/][^ \\[\\]]*|#\\S+|[⌘⌥]\\w|\\.md|Inbox|Thursday, Jan");
         QString rest = text;
         while (rest.contains(bracketed)) {
             rest.remove(bracketed);

@@ -16,19 +16,19 @@ public:
     bool isCheckinVisible() const override { return m_onDismiss != nullptr; }
     void showCheckin(CheckinCallback onDismiss) override
     {
-        calls.append(QStringLiteral("show check-in"));
+        calls.append("show check-in");
         m_onDismiss = std::move(onDismiss);
     }
-    void raiseCheckin() override { calls.append(QStringLiteral("raise check-in")); }
+    void raiseCheckin() override { calls.append("raise check-in"); }
     void closeCheckin() override { m_onDismiss = nullptr; }
 
     bool isDailyReviewVisible() const override { return m_onAction != nullptr; }
     void showDailyReview(DailyReviewCallback onAction) override
     {
-        calls.append(QStringLiteral("show review"));
+        calls.append("show review");
         m_onAction = std::move(onAction);
     }
-    void raiseDailyReview() override { calls.append(QStringLiteral("raise review")); }
+    void raiseDailyReview() override { calls.append("raise review"); }
     void closeDailyReview() override { m_onAction = nullptr; }
 
     /// Answers the open popup, as its window would.

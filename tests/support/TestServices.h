@@ -59,11 +59,11 @@ public:
     }
 
     QTemporaryDir folder;
-    QString vault = folder.filePath(QStringLiteral("Vault"));
-    QString notePath = vault + QStringLiteral("/Daily/2026/2026-01-22.md");
+    QString vault = folder.filePath("Vault");
+    QString notePath = vault + "/Daily/2026/2026-01-22.md";
     Directories directories{
-        .home = folder.filePath(QStringLiteral("home")),
-        .applicationSupport = folder.filePath(QStringLiteral("support")),
+        .home = folder.filePath("home"),
+        .applicationSupport = folder.filePath("support"),
         .cache = {},
     };
     std::unique_ptr<OutputCapture> output = std::make_unique<OutputCapture>();
