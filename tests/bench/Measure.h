@@ -26,16 +26,4 @@ inline double medianOf(QList<double> values)
     return values[values.size() / 2];
 }
 
-/// The milliseconds that `count` runs of `step` take, least first. Each run is given its number.
-template<typename Step>
-QList<double> sortedTimes(int count, Step step)
-{
-    QList<double> times;
-    for (int i = 0; i < count; ++i) {
-        times.append(milliseconds([&] { step(i); }));
-    }
-    std::sort(times.begin(), times.end());
-    return times;
-}
-
 } // namespace flitmark

@@ -66,7 +66,8 @@ private Q_SLOTS:
         model.setNewFocus("More");
         model.submit();
         QCOMPARE(responses, QList<CheckinResponse>({{Kind::onTrack}}));
-        QVERIFY(services.dailyFocus().contains("\"focus\": \"Working\",\n  \"pomodoro_count\": 3"));
+        QVERIFY(readTestFile(services.signalManager.dailyFocusURL())
+                    .contains("\"focus\": \"Working\",\n  \"pomodoro_count\": 3"));
         QCOMPARE(services.note(), noteWith("", "| 3 | 09:30 | Working |\n", 3));
     }
     void entry_isTakenWithoutItsSpaces()

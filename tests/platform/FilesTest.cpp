@@ -7,6 +7,7 @@
 
 #include <sys/stat.h>
 #include <sys/xattr.h>
+#include <unistd.h>
 
 using namespace flitmark;
 
@@ -116,7 +117,7 @@ private Q_SLOTS:
     }
     void replaceFile_withoutPermission_isRefusedOrWritesInPlace()
     {
-        if (isSuperuser()) {
+        if (::geteuid() == 0) {
             QSKIP("nothing is read-only for a superuser");
         }
         const QString file = path("folder/file");

@@ -5,6 +5,7 @@
 
 #include <platform/FileEventSource.h>
 
+#include <QFileInfo>
 #include <QHash>
 #include <QStringList>
 
@@ -19,8 +20,8 @@ public:
     tl::expected<std::unique_ptr<FileEventSource>, FileError> open(const QString& path, FileEventSource::Events wanted,
                                                                    FileEventSource::Handler handler) override
     {
-        if (isBroken) {
-            return tl::unexpected(FileError{"Broken"});
+        if (!QFileInfo::exists(path)) {
+            return tl::unexpected(FileError{"No such file or directory"});
         }
         auto source = std::make_unique<Source>();
         source->watches = &m_open;
@@ -47,9 +48,6 @@ public:
         }
         return all;
     }
-
-    /// Lets every further watch fail.
-    bool isBroken = false;
 
 private:
     struct Watch

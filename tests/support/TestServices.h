@@ -43,8 +43,6 @@ public:
     Q_DISABLE_COPY_MOVE(TestServices)
 
     QByteArray note() const { return readTestFile(notePath); }
-    QByteArray dailyFocus() const { return readTestFile(signalManager.dailyFocusURL()); }
-    QString focus() const { return daily.todayNote().focus; }
 
     template<typename Change>
     void changeCoach(Change change)
