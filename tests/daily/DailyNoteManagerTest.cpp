@@ -20,18 +20,6 @@ QByteArray changed(QByteArray text, const char* before, const char* after)
     return text.replace(before, after);
 }
 
-/// Makes the edit of this name.
-bool edit(DailyNoteManager& manager, const QString& name)
-{
-    const QString go = "Go";
-    return name == u"update focus"           ? manager.updateFocus(go)
-           : name == u"add pomodoro entry"   ? manager.addPomodoroEntry(go)
-           : name == u"toggle task"          ? manager.toggleTask(3)
-           : name == u"add pomodoro to task" ? manager.addPomodoroToTask(3)
-           : name == u"add new task"         ? manager.addNewTask(go)
-                                             : manager.removePomodoroFromTask(4);
-}
-
 } // namespace
 
 class DailyNoteManagerTest : public QObject
@@ -63,7 +51,7 @@ private Q_SLOTS:
         DailyNoteManager manager(
             {services.config, services.signalManager, services.loop, services.events, services.workspace});
         QVERIFY(manager.isLoading() && !manager.todayNote().exists);
-        QVERIFY(!edit(manager, "update focus") && !edit(manager, "toggle task"));
+        QVERIFY(!manager.updateFocus("Go") && !manager.toggleTask(3));
         QCOMPARE(services.note(), note);
         services.loop.runQueued();
         QVERIFY(!manager.isLoading());
@@ -117,25 +105,27 @@ private Q_SLOTS:
 
     void edits()
     {
-        for (const auto& [editName, after] : {
-                 std::pair("toggle task", changed(note, "[ ] a", "[x] a")),
-                 {"add new task", changed(note, "🍅\n", "🍅\n- [ ] Go\n")},
-                 {"add pomodoro to task", changed(note, "a\n", "a 🍅\n")},
-                 {"remove pomodoro from task", changed(note, " b 🍅", " b")},
-                 {"update focus", changed(note, "Old", "Go")},
-                 {"add pomodoro entry", changed(note, "3/8", "4/8") + "| 4 | 09:30 | Go |\n"},
-             }) {
-            const QString name = editName;
+        const std::tuple<const char*, bool (*)(DailyNoteManager&), QByteArray> rows[] = {
+            {"toggle task", [](auto& m) { return m.toggleTask(3); }, changed(note, "[ ] a", "[x] a")},
+            {"add new task", [](auto& m) { return m.addNewTask("Go"); }, changed(note, "🍅\n", "🍅\n- [ ] Go\n")},
+            {"add pomodoro to task", [](auto& m) { return m.addPomodoroToTask(3); }, changed(note, "a\n", "a 🍅\n")},
+            {"remove pomodoro from task", [](auto& m) { return m.removePomodoroFromTask(4); },
+             changed(note, " b 🍅", " b")},
+            {"update focus", [](auto& m) { return m.updateFocus("Go"); }, changed(note, "Old", "Go")},
+            {"add pomodoro entry", [](auto& m) { return m.addPomodoroEntry("Go"); },
+             changed(note, "3/8", "4/8") + "| 4 | 09:30 | Go |\n"},
+        };
+        for (const auto& [name, edit, after] : rows) {
             TestServices s(note);
             {
                 const FullDisk full;
-                QVERIFY2(!edit(s.daily, name), editName);
+                QVERIFY2(!edit(s.daily), name);
             }
-            QCOMPARE(s.daily.lastError(), QStringLiteral("Failed to %1: File too large").arg(name));
+            QCOMPARE(s.daily.lastError(), QString("Failed to %1: File too large").arg(name));
             QCOMPARE(s.note(), note);
             QCOMPARE(QDir(QFileInfo(s.notePath).path()).entryList(QDir::Files | QDir::Hidden).size(), 1);
 
-            QVERIFY(edit(s.daily, name));
+            QVERIFY(edit(s.daily));
             QCOMPARE(s.note(), after);
             QCOMPARE(s.daily.todayNote().content.toUtf8(), note);
             s.loop.runQueued();
