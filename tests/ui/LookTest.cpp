@@ -92,8 +92,32 @@ private Q_SLOTS:
             themes << themeOfPalette(palette) << themeOfWindow(palette, Scheme::Light)
                    << themeOfWindow(palette, Scheme::Dark);
         }
+        const auto check = [](const char* what, const QColor& color, const QColor& ground, double least = 4.5) {
+            QVERIFY2(contrast(color, ground) >= least,
+                     qPrintable(QLatin1String(what) + u' ' + color.name() + u' ' + ground.name()));
+        };
         for (const Theme& theme : themes) {
-            checkContrast(theme);
+            for (const QColor& ground : {theme.background, theme.card}) {
+                for (const ColorToken token : {&Theme::text, &Theme::text2, &Theme::mark, &Theme::red}) {
+                    check("text", theme.*token, ground);
+                }
+                for (const ColorToken token : {&Theme::line, &Theme::outline, &Theme::green, &Theme::orange}) {
+                    check("line", theme.*token, ground, 3);
+                }
+            }
+            for (const QColor& layer : {QColor(Qt::transparent), theme.hover, theme.press}) {
+                check("on a selection", theme.text, over(theme.sel, layer));
+                check("second line on a selection", theme.selText2, over(theme.sel, layer));
+                check("on a soft control", theme.text, over(over(theme.background, theme.soft), layer));
+                check("on a soft control of a card", theme.text, over(over(theme.card, theme.soft), layer));
+            }
+            check("icon on a selection", theme.selMark, theme.sel);
+            check("badge", theme.badgeText, theme.badge);
+            for (const ColorToken token : {&Theme::fill, &Theme::fillHover, &Theme::fillPress, &Theme::offFill}) {
+                check("white label", Qt::white, theme.*token);
+            }
+            check("info", theme.info, theme.background);
+            check("success", theme.success, theme.background);
         }
     }
     void scopeIsInherited()
@@ -113,35 +137,6 @@ private Q_SLOTS:
     }
 
 private:
-    static void checkContrast(const Theme& theme)
-    {
-        const auto check = [](const char* what, const QColor& color, const QColor& ground, double least = 4.5) {
-            QVERIFY2(contrast(color, ground) >= least,
-                     qPrintable(QLatin1String(what) + u' ' + color.name() + u' ' + ground.name()));
-        };
-        for (const QColor& ground : {theme.background, theme.card}) {
-            for (const ColorToken token : {&Theme::text, &Theme::text2, &Theme::mark, &Theme::red}) {
-                check("text", theme.*token, ground);
-            }
-            for (const ColorToken token : {&Theme::line, &Theme::outline, &Theme::green, &Theme::orange}) {
-                check("line", theme.*token, ground, 3);
-            }
-        }
-        for (const QColor& layer : {QColor(Qt::transparent), theme.hover, theme.press}) {
-            check("on a selection", theme.text, over(theme.sel, layer));
-            check("second line on a selection", theme.selText2, over(theme.sel, layer));
-            check("on a soft control", theme.text, over(over(theme.background, theme.soft), layer));
-            check("on a soft control of a card", theme.text, over(over(theme.card, theme.soft), layer));
-        }
-        check("icon on a selection", theme.selMark, theme.sel);
-        check("badge", theme.badgeText, theme.badge);
-        for (const ColorToken token : {&Theme::fill, &Theme::fillHover, &Theme::fillPress, &Theme::offFill}) {
-            check("white label", Qt::white, theme.*token);
-        }
-        check("info", theme.info, theme.background);
-        check("success", theme.success, theme.background);
-    }
-
     const QFont m_font = QGuiApplication::font();
 };
 
