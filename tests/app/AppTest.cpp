@@ -81,21 +81,7 @@ private Q_SLOTS:
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return, Qt::ControlModifier);
         QCOMPARE(desktop.settings().saveSubfolder, "xka");
     }
-    void trigger_staysOnTheScreen()
-    {
-        Desktop desktop;
-        Q_EMIT desktop.trigger().view().draggedTo(QPointF(700, 300));
-        // The screen gets smaller, and goes.
-        for (const std::optional<ScreenFrames>& frames :
-             {std::optional(ScreenFrames{QRectF(0, 0, 640, 600), QRectF(0, 0, 640, 600)}),
-              std::optional<ScreenFrames>()}) {
-            desktop.screens.frames = frames;
-            Q_EMIT desktop.screens.changed();
-            QCOMPARE(desktop.trigger().x(), 572);
-            QVERIFY(desktop.trigger().frameGeometry().bottom() < 600 - 12);
-        }
-    }
-    void panel_comesBackFromAScreenThatIsGone()
+    void windows_followAScreenThatShrinksAndGoes()
     {
         Desktop desktop;
         desktop.delegate.showPanel();
@@ -103,6 +89,14 @@ private Q_SLOTS:
         desktop.panel().setFrameRect(place.translated(5000, 0));
         Q_EMIT desktop.screens.changed();
         QCOMPARE(desktop.panel().frameRect(), place);
+        Q_EMIT desktop.trigger().view().draggedTo(QPointF(700, 300));
+        const ScreenFrames small{{0, 0, 640, 600}, {0, 0, 640, 600}};
+        for (const auto& frames : {std::optional(small), std::optional<ScreenFrames>()}) {
+            desktop.screens.frames = frames;
+            Q_EMIT desktop.screens.changed();
+            QCOMPARE(desktop.trigger().x(), 572);
+            QVERIFY(desktop.trigger().frameGeometry().bottom() < 600 - 12);
+        }
     }
     void startAtLogin_isNotAskedAboutWhereItIsOn()
     {
