@@ -3,10 +3,12 @@
 
 #pragma once
 
+#include <QByteArray>
 #include <QElapsedTimer>
 #include <QList>
 
 #include <algorithm>
+#include <cstdio>
 
 namespace flitmark {
 
@@ -24,6 +26,12 @@ inline double medianOf(QList<double> values)
 {
     std::sort(values.begin(), values.end());
     return values[values.size() / 2];
+}
+
+/// Prints a figure with its unit and the most it may be, in the form that the table reads.
+inline void report(const QByteArray& what, double figure, const char* unit, double most)
+{
+    std::printf("%s\t%.2f\t%s\t%g\n", what.constData(), figure, unit, most);
 }
 
 } // namespace flitmark

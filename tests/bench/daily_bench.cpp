@@ -7,8 +7,6 @@
 
 #include <bench/Measure.h>
 
-#include <cstdio>
-
 using namespace flitmark;
 
 namespace {
@@ -37,10 +35,7 @@ double parseSpeed(qsizetype size, int rounds)
         ParsedDailyNote note;
         parsings.append(milliseconds([&] { note = parseDailyNote(text); }));
     }
-    const double megabytes = double(size) / 1e6;
-    const double perMegabyte = medianOf(parsings) / megabytes;
-    std::printf("parse %6.1f MB: %6.0f MB/s\n", megabytes, 1000 / perMegabyte);
-    return perMegabyte;
+    return medianOf(parsings) / (double(size) / 1e6);
 }
 
 } // namespace
@@ -48,6 +43,8 @@ double parseSpeed(qsizetype size, int rounds)
 int main()
 {
     const double small = parseSpeed(1'000'000, 201);
-    std::printf("time per byte, 100 MB against 1 MB: %.2f\n", parseSpeed(100'000'000, 5) / small);
+    const double large = parseSpeed(100'000'000, 5);
+    report("parsing a daily note, a megabyte", large, "ms", 5);
+    report("parsing 100 MB, time per byte against 1 MB", large / small, "times", 1.25);
     return 0;
 }

@@ -14,8 +14,6 @@
 
 #include <bench/Measure.h>
 
-#include <cstdio>
-
 using namespace flitmark;
 
 namespace {
@@ -82,7 +80,7 @@ int main(int argc, char** argv)
         for (int round = 0; round < rounds; ++round) {
             times.append(reload(noteOf(line, round)));
         }
-        std::printf("%-36s %6.2f ms\n", label, medianOf(times));
+        report(QByteArray("200 tasks shown, ") + label, medianOf(times), "ms", 16);
     }
     return 0;
 }

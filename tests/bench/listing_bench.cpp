@@ -14,8 +14,6 @@
 #include <dirent.h>
 #include <sys/stat.h>
 
-#include <cstdio>
-
 using namespace flitmark;
 
 namespace {
@@ -47,17 +45,13 @@ void measure(const char* label, const char* words, int count)
         writeTestFile(folder.filePath(name + QString::number(i) + ".md"), "# Note\n\nText\n");
     }
     const NameOrder order{QLocale(QLocale::English)};
-    QList<double> walks;
-    QList<double> listings;
     QList<double> ratios;
     // By turns, so that what else the machine does meanwhile slows down both.
     for (int run = 0; run < runs; ++run) {
-        walks.append(milliseconds([&] { walk(QFile::encodeName(folder.path())); }));
-        listings.append(milliseconds([&] { listVaultItems(folder.path(), order); }));
-        ratios.append(listings.last() / walks.last());
+        const double walked = milliseconds([&] { walk(QFile::encodeName(folder.path())); });
+        ratios.append(milliseconds([&] { listVaultItems(folder.path(), order); }) / walked);
     }
-    std::printf("%-12s bare walk %7.1f ms, listing %7.1f ms, ratio %.2f\n", label, medianOf(walks), medianOf(listings),
-                medianOf(ratios));
+    report("listing " + QByteArray::number(count) + " notes, " + label, medianOf(ratios), "walks", 1.5);
 }
 
 } // namespace
