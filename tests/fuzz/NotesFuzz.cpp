@@ -68,8 +68,7 @@ void checkParsing(const Lines& lines, const QString& text)
     }
     const QString plain = Edits::apply(lines, {});
     require(picture(parseDailyNote(plain)) == picture(note), "LF for any break reads the same");
-    require(picture(parseDailyNote(QString(plain).replace(u'\n', QStringLiteral("\r\n")))) == picture(note),
-            "CR LF reads the same");
+    require(picture(parseDailyNote(QString(plain).replace(u'\n', "\r\n"))) == picture(note), "CR LF reads the same");
     require(parseDailyNote(QStringLiteral("---\nx\n---\n") + text).focus == note.focus, "front matter hides no focus");
 }
 
@@ -89,9 +88,9 @@ void checkInput(const QByteArray& bytes)
         checkTask(lines, i);
         require(Edits::findLine(lines, lines[i], i) == i, "a line is found where it is");
     }
-    const QString word = QStringLiteral("Ship it");
+    const QString word = "Ship it";
     checkOnlyItsLines(lines, Edits::updateFocus(lines, word));
-    checkOnlyItsLines(lines, Edits::addPomodoroEntry(lines, 4, QStringLiteral("09:30"), word));
+    checkOnlyItsLines(lines, Edits::addPomodoroEntry(lines, 4, "09:30", word));
     checkOnlyItsLines(lines, Edits::addNewTask(lines, word).value_or(LineChanges()));
 }
 
