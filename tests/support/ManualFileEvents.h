@@ -63,8 +63,8 @@ private:
         void cancel() override { watches->remove(std::exchange(key, -1)); }
         int descriptor() const override { return key; }
 
-        QHash<int, Watch>* watches;
-        int key;
+        QHash<int, Watch>* watches = nullptr;
+        int key = -1;
     };
 
     QHash<int, Watch> m_open;
