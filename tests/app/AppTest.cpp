@@ -13,11 +13,10 @@
 #include <checkin/PopupPlacement.h>
 #include <settings/SettingsWindow.h>
 #include <support/Accessible.h>
+#include <support/Desktop.h>
 #include <ui/Theme.h>
 
 #include <QLineEdit>
-
-#include "Desktop.h"
 
 using namespace flitmark;
 using namespace std::chrono_literals;
@@ -31,7 +30,7 @@ private Q_SLOTS:
     {
         Desktop desktop([](AppConfig& config) {
             config.panelWidth = config.panelHeight = 900;
-            config.windowMode = QStringLiteral("Normal");
+            config.windowMode = "Normal";
             config.windowOpacity = 0;
         });
         desktop.delegate.showPanel();
@@ -44,19 +43,13 @@ private Q_SLOTS:
     void composition_isTakenOverOrGivenUpButNotLost()
     {
         const auto compose = [] {
-            QInputMethodEvent event(QStringLiteral("ka"), {});
+            QInputMethodEvent event("ka", {});
             QCoreApplication::sendEvent(QApplication::focusWidget(), &event);
-        };
-        struct Row
-        {
-            std::function<void(Desktop&)> act;
-            const char* text;
-            bool staysOpen;
         };
         const auto pressing = [](Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
             return [key, modifiers](Desktop&) { QTest::keyClick(QApplication::focusWidget(), key, modifiers); };
         };
-        const QList<Row> rows{
+        const std::tuple<std::function<void(Desktop&)>, QString, bool> rows[] = {
             {pressing(Qt::Key_Escape), "x", true},
             {pressing(Qt::Key_Return), "xka", true},
             {pressing(Qt::Key_Enter, Qt::KeypadModifier), "xka", true},
@@ -64,45 +57,31 @@ private Q_SLOTS:
             {[](Desktop& desktop) { desktop.panel().setFocus(); }, "xka", true},
             {[](Desktop& desktop) { desktop.delegate.hidePanel(); }, "xka", false},
         };
-        for (const Row& row : rows) {
+        for (const auto& [act, text, staysOpen] : rows) {
             Desktop desktop;
             desktop.delegate.showPanel();
             QVERIFY(QTest::qWaitForWindowActive(&desktop.panel()));
-            QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("x"));
+            QTest::keyClicks(QApplication::focusWidget(), "x");
             compose();
-            row.act(desktop);
-            QCOMPARE(desktop.panel().findChild<NoteEditor*>()->text(), QLatin1String(row.text));
-            QCOMPARE(desktop.delegate.isPanelVisible(), row.staysOpen);
-            QCOMPARE(desktop.draftManager.currentDraft()->content, QLatin1String(row.text));
+            act(desktop);
+            QCOMPARE(desktop.panel().findChild<NoteEditor*>()->text(), text);
+            QCOMPARE(desktop.delegate.isPanelVisible(), staysOpen);
+            QCOMPARE(desktop.drafts.currentDraft()->content, text);
         }
         Desktop desktop;
         desktop.delegate.showSettingsWindow();
         QWidget& window = *desktop.delegate.settingsWindow();
         QVERIFY(QTest::qWaitForWindowActive(&window));
-        click(window, QStringLiteral("Vault"));
-        type(named<QLineEdit>(window, QStringLiteral("Default Save Subfolder")), QStringLiteral("x"));
+        click(window, "Vault");
+        type(named<QLineEdit>(window, "Default Save Subfolder"), "x");
         compose();
         press(Qt::Key_Escape);
         QVERIFY(window.isVisible());
         compose();
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return, Qt::ControlModifier);
-        QCOMPARE(desktop.settings().saveSubfolder, QStringLiteral("xka"));
+        QCOMPARE(desktop.settings().saveSubfolder, "xka");
     }
-    void trigger_staysOnTheScreen()
-    {
-        Desktop desktop;
-        Q_EMIT desktop.trigger().view().draggedTo(QPointF(700, 300));
-        // The screen gets smaller, and goes.
-        for (const std::optional<ScreenFrames>& frames :
-             {std::optional(ScreenFrames{QRectF(0, 0, 640, 600), QRectF(0, 0, 640, 600)}),
-              std::optional<ScreenFrames>()}) {
-            desktop.screens.frames = frames;
-            Q_EMIT desktop.screens.changed();
-            QCOMPARE(desktop.trigger().x(), 572);
-            QVERIFY(desktop.trigger().frameGeometry().bottom() < 600 - 12);
-        }
-    }
-    void panel_comesBackFromAScreenThatIsGone()
+    void windows_followAScreenThatShrinksAndGoes()
     {
         Desktop desktop;
         desktop.delegate.showPanel();
@@ -110,6 +89,14 @@ private Q_SLOTS:
         desktop.panel().setFrameRect(place.translated(5000, 0));
         Q_EMIT desktop.screens.changed();
         QCOMPARE(desktop.panel().frameRect(), place);
+        Q_EMIT desktop.trigger().view().draggedTo(QPointF(700, 300));
+        const ScreenFrames small{{0, 0, 640, 600}, {0, 0, 640, 600}};
+        for (const auto& frames : {std::optional(small), std::optional<ScreenFrames>()}) {
+            desktop.screens.frames = frames;
+            Q_EMIT desktop.screens.changed();
+            QCOMPARE(desktop.trigger().x(), 572);
+            QVERIFY(desktop.trigger().frameGeometry().bottom() < 600 - 12);
+        }
     }
     void startAtLogin_isNotAskedAboutWhereItIsOn()
     {
@@ -123,22 +110,21 @@ private Q_SLOTS:
     void windows_lieOnTheVisibleScreen()
     {
         // A desktop panel of 60 points at the bottom and a bar of 30 at the left; a screen elsewhere; a tiny one.
-        const ScreenFrames barred{QRectF(30, 60, 1410, 815), QRectF(0, 0, 1440, 900)};
-        const ScreenFrames other{QRectF(1440, 200, 800, 600), QRectF(1440, 200, 800, 600)};
-        const ScreenFrames tiny{QRectF(0, 0, 400, 400), QRectF(0, 0, 400, 400)};
+        const ScreenFrames barred{{30, 60, 1410, 815}, {0, 0, 1440, 900}};
+        const ScreenFrames other{{1440, 200, 800, 600}, {1440, 200, 800, 600}};
         const QSizeF panel(460, 560);
         const QSizeF trigger(56, 56);
-        const QSizeF popup(280, 200);
-        for (const auto& [found, origin] : std::initializer_list<std::pair<QPointF, QPointF>>{
-                 {panelOrigin(panel, barred), {968, 72}},
-                 {panelOrigin(panel, other), {1768, 212}},
-                 {panelOrigin(panel, tiny), {-72, -172}},
-                 {panelOrigin(panel, {}), {0, 0}},
-                 {defaultTriggerOrigin(trigger, barred), {1372, 12}},
-                 {clampedTriggerOrigin({0, -50}, trigger, barred), {42, 12}},
-                 {clampedTriggerOrigin({2000, 2000}, trigger, barred), {1372, 807}},
-                 {checkinOrigin(popup, other), {1940, 580}},
-                 {dailyReviewOrigin(popup, other), {1940, 480}},
+        using Row = std::pair<QPointF, QPointF>;
+        for (const auto& [found, origin] : {
+                 Row(panelOrigin(panel, barred), {968, 72}),
+                 Row(panelOrigin(panel, other), {1768, 212}),
+                 Row(panelOrigin(panel, ScreenFrames{{0, 0, 400, 400}, {0, 0, 400, 400}}), {-72, -172}),
+                 Row(panelOrigin(panel, {}), {0, 0}),
+                 Row(defaultTriggerOrigin(trigger, barred), {1372, 12}),
+                 Row(clampedTriggerOrigin({0, -50}, trigger, barred), {42, 12}),
+                 Row(clampedTriggerOrigin({2000, 2000}, trigger, barred), {1372, 807}),
+                 Row(checkinOrigin({280, 200}, other), {1940, 580}),
+                 Row(dailyReviewOrigin({280, 200}, other), {1940, 480}),
              }) {
             QCOMPARE(found, origin);
         }
@@ -163,25 +149,24 @@ private Q_SLOTS:
 
     void updateWindow_tellsAndLeadsToThePage()
     {
-        const QUrl page(QStringLiteral("https://example.org/1.3"));
-        Updater::State newer{.status = Updater::Status::Available, .version = QStringLiteral("1.3"), .page = page};
-        Updater::State withoutPage = newer;
-        withoutPage.page.clear();
-        const Updater::State failed{.status = Updater::Status::Failed, .reason = QStringLiteral("No network.")};
-        for (const auto& [state, said, button] : {std::tuple(newer, "Flitmark 1.3 is available.", "Open Download Page"),
-                                                  {withoutPage, "Flitmark 1.3 is available.", "Close"},
-                                                  {failed, "No network.", "Close"}}) {
+        using Status = Updater::Status;
+        const QUrl page("https://example.org/1.3");
+        for (const auto& [status, url, said, button] : {
+                 std::tuple(Status::Available, page, "Flitmark 1.3 is available.", "Open Download Page"),
+                 {Status::Available, QUrl(), "Flitmark 1.3 is available.", "Close"},
+                 {Status::Failed, QUrl(), "No network.", "Close"},
+             }) {
             FakeUpdater updater;
             TestWorkspace workspace;
             UpdateWindow window(updater, workspace);
             window.showCentered(themeOfWindow(ColorPalette::obsidianNative, Scheme::Light),
                                 UpdateWindow::Keyboard::Take);
-            updater.current = state;
+            updater.current = {.status = status, .version = "1.3", .page = url, .reason = "No network."};
             Q_EMIT updater.stateChanged();
-            QVERIFY(visibleTexts(window).contains(QLatin1String(said)));
-            click(window, QLatin1String(button));
+            QVERIFY(shows(window, said));
+            click(window, button);
             QVERIFY(!window.isVisible());
-            QCOMPARE(workspace.opened, state.page.isEmpty() ? QList<QUrl>() : QList<QUrl>{page});
+            QCOMPARE(workspace.opened, url.isEmpty() ? QList<QUrl>() : QList<QUrl>{url});
         }
     }
 
@@ -193,12 +178,12 @@ private Q_SLOTS:
         const QByteArray catalogue =
             QByteArray::fromHex("3cb86418caef9c95cd211cbf60a1bddd42000000080000000000000000690000000101");
         for (const auto& [folder, name] : {std::pair(&own, "de"), {&system, "de"}, {&system, "zh_TW"}}) {
-            writeTestFile(folder->filePath(QStringLiteral("flitmark_%1.qm").arg(QLatin1String(name))), catalogue);
+            writeTestFile(folder->filePath(QStringLiteral("flitmark_%1.qm").arg(name)), catalogue);
         }
-        const QString german = own.filePath(QStringLiteral("flitmark_de.qm"));
+        const QString german = own.filePath("flitmark_de.qm");
         for (const auto& [languages, path] : {std::pair("de-AT,de", german),
                                               {"fr-FR,fr,de,en", german},
-                                              {"zh-TW", system.filePath(QStringLiteral("flitmark_zh_TW.qm"))},
+                                              {"zh-TW", system.filePath("flitmark_zh_TW.qm")},
                                               {"zh-CN,zh", QString()},
                                               {"en-GB,en,de", QString()},
                                               {"C", QString()},

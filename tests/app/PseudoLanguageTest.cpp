@@ -13,11 +13,10 @@
 #include <settings/SettingsWindow.h>
 #include <setup/SetupWizardWindow.h>
 #include <support/Accessible.h>
+#include <support/Desktop.h>
 #include <support/PseudoLanguage.h>
 #include <ui/Motion.h>
 #include <ui/QuestionWindow.h>
-
-#include "Desktop.h"
 
 using namespace flitmark;
 using namespace std::chrono_literals;
@@ -46,13 +45,13 @@ private Q_SLOTS:
     {
         PanelWindow& panel = openPanel();
         look(m_desktop->trigger());
-        QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("12 34"));
+        QTest::keyClicks(QApplication::focusWidget(), "12 34");
         visit(panel, {"Save"});
         m_desktop->loop.advance(1s);
         openPanel();
         Q_EMIT m_desktop->notifications.showBrowseTab();
         look(panel);
-        writeTestFile(m_desktop->settings().vaultPath + QStringLiteral("/1/2.md"), "34");
+        writeTestFile(m_desktop->settings().vaultPath + "/1/2.md", "34");
         visit(panel, {"Refresh"});
     }
     void daily()
@@ -60,7 +59,7 @@ private Q_SLOTS:
         PanelWindow& panel = openPanel();
         Q_EMIT m_desktop->notifications.showDailyTab();
         look(panel);
-        writeTestFile(m_desktop->settings().vaultPath + QStringLiteral("/Daily/2026/2026-01-22.md"),
+        writeTestFile(m_desktop->settings().vaultPath + "/Daily/2026/2026-01-22.md",
                       "## Today's Focus\n**12**\n\n## Tasks\n- [x] 34 🍅🍅\n- [ ] 78 🍅🍅🍅🍅🍅🍅🍅🍅\n\n"
                       "## Coach Notes\n- 9?\n\n## Work Done\n- 10\n");
         visit(panel, {"Refresh", "Add task", "Cancel task", "Edit focus", "Cancel", "Mark focus done", "Cancel",
@@ -99,7 +98,7 @@ private Q_SLOTS:
         SetupWizardWindow& window = *m_desktop->delegate.setupWindow();
         look(window);
         visit(window, {"Get Started", "Use custom folder path"});
-        type(named<QLineEdit>(window, PseudoLanguage::of("Vault path")), QStringLiteral("/1"));
+        type(named<QLineEdit>(window, PseudoLanguage::of("Vault path")), "/1");
         visit(window, {"Next", "Next"});
     }
     void popups()
@@ -132,7 +131,7 @@ private Q_SLOTS:
         updates.showCentered(themeOfWindow(ColorPalette::obsidianNative, Scheme::Light), UpdateWindow::Keyboard::Take);
         for (const Status status :
              {Status::NotOffered, Status::Checking, Status::UpToDate, Status::Available, Status::Failed}) {
-            d.updater.current = {.status = status, .version = QStringLiteral("1.3"), .reason = QStringLiteral("4")};
+            d.updater.current = {.status = status, .version = "1.3", .reason = "4"};
             Q_EMIT d.updater.stateChanged();
             look(updates);
         }
@@ -143,9 +142,9 @@ private:
     {
         m_desktop.reset();
         m_desktop = std::make_unique<Desktop>([&](AppConfig& config) { config.hasCompletedSetup = isSetUp; });
-        const QString vault = m_desktop->folder.filePath(QStringLiteral("0"));
+        const QString vault = m_desktop->folder.filePath("0");
         m_desktop->config.update([&](AppConfig& config) { config.vaultPath = vault; });
-        m_desktop->changeCoach([](CoachConfig& coach) { coach.coachPrompt = QStringLiteral("1"); });
+        m_desktop->changeCoach([](CoachConfig& coach) { coach.coachPrompt = "1"; });
     }
     void look(QWidget& window)
     {

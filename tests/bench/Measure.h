@@ -3,10 +3,12 @@
 
 #pragma once
 
+#include <QByteArray>
 #include <QElapsedTimer>
 #include <QList>
 
 #include <algorithm>
+#include <cstdio>
 
 namespace flitmark {
 
@@ -26,16 +28,10 @@ inline double medianOf(QList<double> values)
     return values[values.size() / 2];
 }
 
-/// The milliseconds that `count` runs of `step` take, least first. Each run is given its number.
-template<typename Step>
-QList<double> sortedTimes(int count, Step step)
+/// Prints a figure with its unit and the most it may be, in the form that the table reads.
+inline void report(const QByteArray& what, double figure, const char* unit, double most)
 {
-    QList<double> times;
-    for (int i = 0; i < count; ++i) {
-        times.append(milliseconds([&] { step(i); }));
-    }
-    std::sort(times.begin(), times.end());
-    return times;
+    std::printf("%s\t%.2f\t%s\t%g\n", what.constData(), figure, unit, most);
 }
 
 } // namespace flitmark

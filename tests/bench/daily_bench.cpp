@@ -9,7 +9,6 @@
 #include <bench/Measure.h>
 #include <malloc.h>
 
-#include <cstdio>
 #include <limits>
 
 using namespace flitmark;
@@ -32,7 +31,7 @@ QByteArray noteOfSize(qsizetype size)
 }
 
 /// The milliseconds per megabyte from the text to the parsed note; letting go of the note is not measured.
-double parseSpeed(const char* memory, qsizetype size, int rounds)
+double parseSpeed(qsizetype size, int rounds)
 {
     const QString text = QString::fromUtf8(noteOfSize(size));
     QList<double> parsings;
@@ -40,20 +39,19 @@ double parseSpeed(const char* memory, qsizetype size, int rounds)
         ParsedDailyNote note;
         parsings.append(milliseconds([&] { note = parseDailyNote(text); }));
     }
-    const double megabytes = double(size) / 1e6;
-    const double perMegabyte = medianOf(parsings) / megabytes;
-    std::printf("parse %.0f MB in %s memory: %.0f MB/s\n", megabytes, memory, 1000 / perMegabyte);
-    return perMegabyte;
+    return medianOf(parsings) / (double(size) / 1e6);
 }
 
 } // namespace
 
 int main()
 {
-    const double small = parseSpeed("kept", 1'000'000, 201);
-    std::printf("new memory, 100 MB against 1 MB: %.2f\n", parseSpeed("new", 100'000'000, 5) / small);
+    const double small = parseSpeed(1'000'000, 201);
+    const double withNewPages = parseSpeed(100'000'000, 5);
     mallopt(M_MMAP_THRESHOLD, std::numeric_limits<int>::max());
     mallopt(M_TRIM_THRESHOLD, std::numeric_limits<int>::max());
-    std::printf("kept memory, 100 MB against 1 MB: %.2f\n", parseSpeed("kept", 100'000'000, 5) / small);
+    report("parsing a daily note, a megabyte", withNewPages, "ms", 5);
+    report("parsing 100 MB, time per byte against 1 MB", parseSpeed(100'000'000, 5) / small, "times", 1.25);
+    std::printf("  with what the system takes to hand out new pages: %.2f times\n", withNewPages / small);
     return 0;
 }

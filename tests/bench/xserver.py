@@ -1,8 +1,9 @@
 # SPDX-FileCopyrightText: 2026 The Flitmark authors
 # SPDX-License-Identifier: MIT
-"""The X server without a process in between: keys are pressed and pixels read within microseconds."""
+"""The X server without a process in between: keys are pressed, pixels read and windows seen within microseconds."""
 
 import ctypes
+import select
 import time
 
 
@@ -52,4 +53,25 @@ class XServer:
         while self.pixel(x, y) == differs_from:
             if time.monotonic() > deadline:
                 raise TimeoutError(f"nothing was painted at {x}, {y}")
+        return time.monotonic()
+
+    def forget_windows(self):
+        """From now on windows are seen to be put on screen, once those of before have come to rest."""
+        substructure_notify, discard = 1 << 19, True
+        self._x.XSelectInput(self._display, self._root, ctypes.c_long(substructure_notify))
+        time.sleep(0.2)
+        self._x.XSync(self._display, discard)
+
+    def wait_for_window(self, timeout):
+        """The time at which the next window was put on screen."""
+        map_notify, event = 19, (ctypes.c_long * 24)()
+        deadline = time.monotonic() + timeout
+        while event[0] & 0xFFFFFFFF != map_notify:
+            if not self._x.XPending(self._display):
+                left = deadline - time.monotonic()
+                if left < 0:
+                    raise TimeoutError("no window came on screen")
+                select.select([self._x.XConnectionNumber(self._display)], [], [], left)
+            else:
+                self._x.XNextEvent(self._display, event)
         return time.monotonic()

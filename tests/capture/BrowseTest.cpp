@@ -46,7 +46,7 @@ struct Tab : TestServices
     QPoint middleOf(const char* name)
     {
         const QAbstractItemModel& items = *list().model();
-        return list().visualRect(items.match(items.index(0, 0), Qt::DisplayRole, QLatin1String(name))[0]).center();
+        return list().visualRect(items.match(items.index(0, 0), Qt::DisplayRole, name)[0]).center();
     }
 
     BrowseModel model{config, workspace, loop};
@@ -67,8 +67,8 @@ private Q_SLOTS:
         makeTestLink(tab.path("zoo"), tab.path("a link"));
         makeTestLink(tab.path("nowhere"), tab.path("dead.md"));
         tab.model.refresh();
-        QCOMPARE(tab.names(), QStringLiteral("a link|Archive|folder.md|zoo|A.md|b.md|Ä.md"));
-        QCOMPARE(tab.model.summary(), QStringLiteral("4 folders, 3 notes"));
+        QCOMPARE(tab.names(), "a link|Archive|folder.md|zoo|A.md|b.md|Ä.md");
+        QCOMPARE(tab.model.summary(), "4 folders, 3 notes");
         QCOMPARE(tab.model.browseItems()[5].id(), tab.path("b.md"));
     }
     void preview()
@@ -106,12 +106,7 @@ private Q_SLOTS:
         QCOMPARE(*model.currentBrowsePath(), tab.path("one/two/three"));
         model.navigateToPath(1);
         QCOMPARE(model.browsePathStack().join(u'|'), tab.path("one|") + tab.path("one/two"));
-        QCOMPARE(tab.names(), QStringLiteral("three"));
-        QVERIFY(QDir(tab.vault).removeRecursively());
-        model.refresh();
-        model.navigateToRoot();
-        QVERIFY(model.browsePathStack().isEmpty() && !QFileInfo::exists(tab.vault));
-        QCOMPARE(model.summary(), QStringLiteral("0 notes"));
+        QCOMPARE(tab.names(), "three");
     }
     void otherVault_startsAtItsRoot()
     {
@@ -119,38 +114,33 @@ private Q_SLOTS:
         tab.model.activate(0);
         tab.config.update([](AppConfig& config) { config.windowOpacity = 0.5; });
         QCOMPARE(*tab.model.currentBrowsePath(), tab.path("one"));
-        const QString other = tab.folder.filePath(QStringLiteral("Other"));
-        writeTestFile(other + QStringLiteral("/note.md"), "");
+        const QString other = tab.folder.filePath("Other");
+        writeTestFile(other + "/note.md", "");
         tab.config.update([&](AppConfig& config) { config.vaultPath = other + u'/'; });
         QVERIFY(!tab.model.currentBrowsePath());
-        QCOMPARE(tab.model.browseItems().constFirst().id(), other + QStringLiteral("/note.md"));
+        QCOMPARE(tab.model.browseItems().constFirst().id(), other + "/note.md");
         for (const char* noVault : {"", ".", "/nowhere/at/all"}) {
-            tab.config.update([&](AppConfig& config) { config.vaultPath = QString::fromUtf8(noVault); });
+            tab.config.update([&](AppConfig& config) { config.vaultPath = noVault; });
             QCOMPARE(tab.names(), QString());
         }
     }
 
-    void note_opensByReturnOrElseAsAFile()
+    void keyboard_opensNotesAndStaysInTheTabOfAnEmptyFolder()
     {
-        Tab tab({"a.md", "My note.md"});
-        const QUrl link(QStringLiteral("obsidian://open?vault=Vault&file=My%20note"));
+        Tab tab({"a.md", "My note.md"}, {"0 nothing"});
+        const QUrl link("obsidian://open?vault=Vault&file=My%20note");
         tab.view.takeKeyboard();
-        QTest::keyClicks(&tab.list(), QStringLiteral("my"));
+        QTest::keyClicks(&tab.list(), "my");
         press(Qt::Key_Return);
         QCOMPARE(tab.workspace.opened, QList<QUrl>{link});
-        tab.workspace.missingSchemes = QStringList(QStringLiteral("obsidian"));
+        // Without a program for links the file itself is opened.
+        tab.workspace.missingSchemes = QStringList("obsidian");
         press(Qt::Key_Return);
         QCOMPARE(tab.workspace.opened, (QList<QUrl>{link, link, QUrl::fromLocalFile(tab.path("My note.md"))}));
-    }
-    void emptyFolder_keepsTheKeyboardInTheTab()
-    {
-        Tab tab({"a.md"}, {"0 nothing"});
-        tab.view.takeKeyboard();
         press(Qt::Key_Home);
         press(Qt::Key_Return);
-        QVERIFY(!tab.list().isVisible());
-        QVERIFY(named<QPushButton>(tab.view, QStringLiteral("0 nothing"))->hasFocus());
-        click(tab.view, QStringLiteral("Vault"));
+        QVERIFY(!tab.list().isVisible() && named<QPushButton>(tab.view, "0 nothing")->hasFocus());
+        click(tab.view, "Vault");
         QVERIFY(tab.list().isVisible());
     }
     void onlyAWholeClick_opensAndADoubleClickOnlyOnce()
@@ -177,13 +167,13 @@ private Q_SLOTS:
         Tab tab(files);
         QScrollBar* bar = tab.list().verticalScrollBar();
         bar->setValue(1500);
-        click(tab.view, QStringLiteral("Refresh"));
+        click(tab.view, "Refresh");
         QTest::qWait(0);
         QCOMPARE(bar->value(), 1500);
         tab.view.grab();
         // The disk could be slow, or the notes very many.
         writeTestFile(tab.path("199.md"), "not read before");
-        QCOMPARE(tab.model.previewOf(99), QStringLiteral("not read before"));
+        QCOMPARE(tab.model.previewOf(99), "not read before");
     }
 };
 

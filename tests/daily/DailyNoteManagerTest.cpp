@@ -1,16 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Flitmark authors
 // SPDX-License-Identifier: MIT
 
+#include <support/FullDisk.h>
 #include <support/TestServices.h>
 
 #include <QSignalSpy>
 
-#include <sys/resource.h>
-
-#include <csignal>
-
-namespace flitmark {
-
+using namespace flitmark;
 using Event = FileEventSource::Event;
 using namespace std::chrono_literals;
 
@@ -24,18 +20,6 @@ QByteArray changed(QByteArray text, const char* before, const char* after)
     return text.replace(before, after);
 }
 
-/// Makes the edit of this name.
-bool edit(DailyNoteManager& manager, const QString& name)
-{
-    const QString go = QStringLiteral("Go");
-    return name == u"update focus"           ? manager.updateFocus(go)
-           : name == u"add pomodoro entry"   ? manager.addPomodoroEntry(go)
-           : name == u"toggle task"          ? manager.toggleTask(3)
-           : name == u"add pomodoro to task" ? manager.addPomodoroToTask(3)
-           : name == u"add new task"         ? manager.addNewTask(go)
-                                             : manager.removePomodoroFromTask(4);
-}
-
 } // namespace
 
 class DailyNoteManagerTest : public QObject
@@ -43,22 +27,20 @@ class DailyNoteManagerTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup() { m_services.reset(); }
-
     void path_isBuiltAnewByDateAndVault()
     {
-        start({});
-        QVERIFY(!manager().todayNote().exists);
-        m_services->config.update([](AppConfig& config) { config.vaultPath = QStringLiteral("/My Vault/"); });
-        loop().setWallClock(QDateTime(QDate(2027, 1, 1), QTime(0, 0)));
-        QCOMPARE(manager().getTodayNotePath(), QStringLiteral("/My Vault/Daily/2027/2027-01-01.md"));
-        QCOMPARE(manager().todayNote().path, path());
-        manager().loadTodayNote();
-        loop().runQueued();
+        TestServices s;
+        QVERIFY(!s.daily.todayNote().exists);
+        s.config.update([](AppConfig& config) { config.vaultPath = "/My Vault/"; });
+        s.loop.setWallClock(QDateTime(QDate(2027, 1, 1), QTime(0, 0)));
+        QCOMPARE(s.daily.getTodayNotePath(), "/My Vault/Daily/2027/2027-01-01.md");
+        QCOMPARE(s.daily.todayNote().path, s.notePath);
+        s.daily.loadTodayNote();
+        s.loop.runQueued();
         // What is opened is the published note, whatever the date is by now.
-        loop().advance(24h);
-        manager().openInObsidian();
-        QCOMPARE(m_services->workspace.opened.last().toEncoded(),
+        s.loop.advance(24h);
+        s.daily.openInObsidian();
+        QCOMPARE(s.workspace.opened.last().toEncoded(),
                  QByteArray("obsidian://open?vault=My%20Vault&file=Daily/2027/2027-01-01"));
     }
 
@@ -69,93 +51,93 @@ private Q_SLOTS:
         DailyNoteManager manager(
             {services.config, services.signalManager, services.loop, services.events, services.workspace});
         QVERIFY(manager.isLoading() && !manager.todayNote().exists);
-        QVERIFY(!edit(manager, QStringLiteral("update focus")) && !edit(manager, QStringLiteral("toggle task")));
+        QVERIFY(!manager.updateFocus("Go") && !manager.toggleTask(3));
         QCOMPARE(services.note(), note);
         services.loop.runQueued();
         QVERIFY(!manager.isLoading());
-        QCOMPARE(manager.todayNote().focus, QStringLiteral("Old"));
+        QCOMPARE(manager.todayNote().focus, "Old");
     }
 
     void load_unreadable_keepsTheNote()
     {
         for (const QByteArray& bytes : {QByteArray("## Focus\n\xE9t\xE9"), QByteArray()}) {
-            start(note);
-            QVERIFY(QFile::remove(path()));
-            bytes.isNull() ? void(QDir().mkdir(path())) : writeTestFile(path(), bytes);
-            manager().loadTodayNote();
-            loop().runQueued();
-            QCOMPARE(manager().lastError(), QStringLiteral("Failed to load daily note: ") +
-                                                (bytes.isNull() ? QStringLiteral("Is a directory")
-                                                                : QStringLiteral("The file is not valid UTF-8 text.")));
-            QCOMPARE(manager().todayNote().focus, QStringLiteral("Old"));
-            QVERIFY(!manager().toggleTask(3));
-            QCOMPARE(onDisk(), bytes);
+            TestServices s(note);
+            QVERIFY(QFile::remove(s.notePath));
+            bytes.isNull() ? void(QDir().mkdir(s.notePath)) : writeTestFile(s.notePath, bytes);
+            s.daily.loadTodayNote();
+            s.loop.runQueued();
+            QCOMPARE(s.daily.lastError(),
+                     QStringLiteral("Failed to load daily note: ") +
+                         (bytes.isNull() ? "Is a directory" : "The file is not valid UTF-8 text."));
+            QCOMPARE(s.daily.todayNote().focus, "Old");
+            QVERIFY(!s.daily.toggleTask(3));
+            QCOMPARE(s.note(), bytes);
         }
     }
 
     void watch_reloadsHalfASecondAfterEachEvent()
     {
-        start(note);
-        QSignalSpy changes(&manager(), &DailyNoteManager::todayNoteChanged);
+        TestServices s(note);
+        QSignalSpy changes(&s.daily, &DailyNoteManager::todayNoteChanged);
         // The event of the old file, which arrives while an edit is under way, is none.
-        m_services->events.report(path(), Event::Renamed);
-        QVERIFY(manager().toggleTask(3) && manager().updateFocus(QStringLiteral("x")));
-        QCOMPARE(m_services->events.paths().count(path()), 1);
-        loop().advance(2s);
+        s.events.report(s.notePath, Event::Renamed);
+        QVERIFY(s.daily.toggleTask(3) && s.daily.updateFocus("x"));
+        QCOMPARE(s.events.paths().count(s.notePath), 1);
+        s.loop.advance(2s);
         QCOMPARE(changes.size(), 2);
-        writeTestFile(path(), "## Focus\nNew");
-        m_services->events.report(path(), Event::Written | Event::Grown);
-        loop().advance(100ms);
-        m_services->events.report(path(), Event::Written);
-        loop().advance(399ms);
+        writeTestFile(s.notePath, "## Focus\nNew");
+        s.events.report(s.notePath, Event::Written | Event::Grown);
+        s.loop.advance(100ms);
+        s.events.report(s.notePath, Event::Written);
+        s.loop.advance(399ms);
         QCOMPARE(changes.size(), 2);
-        loop().advance(1ms);
-        QCOMPARE(manager().todayNote().focus, QStringLiteral("New"));
-        loop().advance(10s);
+        s.loop.advance(1ms);
+        QCOMPARE(s.daily.todayNote().focus, "New");
+        s.loop.advance(10s);
         QCOMPARE(changes.size(), 4);
 
-        QVERIFY(QFile::rename(path(), path() + u'x'));
-        m_services->events.report(path(), Event::Renamed);
-        loop().advance(500ms);
-        QVERIFY(!manager().todayNote().exists && !manager().lastError());
-        QCOMPARE(m_services->events.paths().count(path()), 1);
+        QVERIFY(QFile::rename(s.notePath, s.notePath + u'x'));
+        s.events.report(s.notePath, Event::Renamed);
+        s.loop.advance(500ms);
+        QVERIFY(!s.daily.todayNote().exists && !s.daily.lastError());
+        QCOMPARE(s.events.paths().count(s.notePath), 1);
     }
 
     void edits()
     {
-        for (const auto& [editName, after] : {
-                 std::pair("toggle task", changed(note, "[ ] a", "[x] a")),
-                 {"add new task", changed(note, "🍅\n", "🍅\n- [ ] Go\n")},
-                 {"add pomodoro to task", changed(note, "a\n", "a 🍅\n")},
-                 {"remove pomodoro from task", changed(note, " b 🍅", " b")},
-                 {"update focus", changed(note, "Old", "Go")},
-                 {"add pomodoro entry", changed(note, "3/8", "4/8") + "| 4 | 09:30 | Go |\n"},
-             }) {
-            const QString name = QString::fromLatin1(editName);
-            start(note);
-            // A disk that takes no more than a few bytes, as far as this process can tell.
-            struct rlimit old = {};
-            ::getrlimit(RLIMIT_FSIZE, &old);
-            struct rlimit small = old;
-            small.rlim_cur = 16;
-            ::signal(SIGXFSZ, SIG_IGN);
-            ::setrlimit(RLIMIT_FSIZE, &small);
-            const bool isWritten = edit(manager(), name);
-            ::setrlimit(RLIMIT_FSIZE, &old);
-            QVERIFY2(!isWritten, editName);
-            QCOMPARE(manager().lastError(), QStringLiteral("Failed to %1: File too large").arg(name));
-            QCOMPARE(onDisk(), note);
-            QCOMPARE(QDir(QFileInfo(path()).path()).entryList(QDir::Files | QDir::Hidden).size(), 1);
+        const std::tuple<const char*, bool (*)(DailyNoteManager&), QByteArray> rows[] = {
+            {"toggle task", [](auto& m) { return m.toggleTask(3); }, changed(note, "[ ] a", "[x] a")},
+            {"add new task", [](auto& m) { return m.addNewTask("Go"); }, changed(note, "🍅\n", "🍅\n- [ ] Go\n")},
+            {"add pomodoro to task", [](auto& m) { return m.addPomodoroToTask(3); }, changed(note, "a\n", "a 🍅\n")},
+            {"remove pomodoro from task", [](auto& m) { return m.removePomodoroFromTask(4); },
+             changed(note, " b 🍅", " b")},
+            {"update focus", [](auto& m) { return m.updateFocus("Go"); }, changed(note, "Old", "Go")},
+            {"add pomodoro entry", [](auto& m) { return m.addPomodoroEntry("Go"); },
+             changed(note, "3/8", "4/8") + "| 4 | 09:30 | Go |\n"},
+        };
+        for (const auto& [name, edit, after] : rows) {
+            TestServices s(note);
+            {
+                const FullDisk full;
+                QVERIFY2(!edit(s.daily), name);
+            }
+            QCOMPARE(s.daily.lastError(), QString("Failed to %1: File too large").arg(name));
+            QCOMPARE(s.note(), note);
+            QCOMPARE(QDir(QFileInfo(s.notePath).path()).entryList(QDir::Files | QDir::Hidden).size(), 1);
 
-            QVERIFY(edit(manager(), name));
-            QCOMPARE(onDisk(), after);
-            QCOMPARE(manager().todayNote().content.toUtf8(), note);
-            loop().runQueued();
-            QCOMPARE(manager().todayNote().content.toUtf8(), after);
+            QVERIFY(edit(s.daily));
+            QCOMPARE(s.note(), after);
+            QCOMPARE(s.daily.todayNote().content.toUtf8(), note);
+            s.loop.runQueued();
+            QCOMPARE(s.daily.todayNote().content.toUtf8(), after);
         }
-        start("## Carryover\n- [ ] a");
-        QVERIFY(!manager().addNewTask(QStringLiteral("x")));
-        QCOMPARE(manager().lastError(), QStringLiteral("Could not find tasks section in daily note"));
+        TestServices s("## Carryover\n- [ ] a");
+        QVERIFY(!s.daily.addNewTask("x"));
+        QCOMPARE(s.daily.lastError(), "Could not find tasks section in daily note");
+        QVERIFY(QDir(s.vault).removeRecursively());
+        QVERIFY(!s.daily.toggleTask(1));
+        QCOMPARE(s.daily.lastError(), "Failed to toggle task: No such file or directory");
+        QVERIFY(!QFileInfo::exists(s.vault)); // not made again for an edit
     }
 
     void edit_keepsEveryByte()
@@ -167,60 +149,43 @@ private Q_SLOTS:
                  QByteArray("\xEF\xBF\xBF\xF4\x8F\xBF\xBF e\xCC\x81\n- [ ] a"),
                  QByteArray(10'000'000, 'y') + "\n- [ ] a",
              }) {
-            start(before);
-            QVERIFY(manager().toggleTask(1));
-            QVERIFY(onDisk() == changed(before, "[ ]", "[x]"));
+            TestServices s(before);
+            QVERIFY(s.daily.toggleTask(1));
+            QVERIFY(s.note() == changed(before, "[ ]", "[x]"));
         }
-        start("x\r\n- [ ] a\ry\vz\f\xC2\x85\xE2\x80\xA8\xE2\x80\xA9");
-        QVERIFY(manager().toggleTask(1));
-        QCOMPARE(onDisk(), QByteArray("x\n- [x] a\ny\nz\n\n\n\n"));
+        TestServices s("x\r\n- [ ] a\ry\vz\f\xC2\x85\xE2\x80\xA8\xE2\x80\xA9");
+        QVERIFY(s.daily.toggleTask(1));
+        QCOMPARE(s.note(), QByteArray("x\n- [x] a\ny\nz\n\n\n\n"));
     }
 
     void editsInOneTurn_buildOnEachOther()
     {
-        start(changed(note, "3/8", "9223372036854775806/8"));
-        QVERIFY(manager().addPomodoroToTask(3) && manager().addPomodoroToTask(3) && manager().toggleTask(3));
-        QVERIFY(manager().addPomodoroEntry(QStringLiteral("x")) && manager().addPomodoroEntry(QStringLiteral("y")));
-        QCOMPARE(onDisk(), changed(note, "[ ] a", "[x] a 🍅 🍅").replace("3/8", "9223372036854775807/8") +
+        TestServices s(changed(note, "3/8", "9223372036854775806/8"));
+        QVERIFY(s.daily.addPomodoroToTask(3) && s.daily.addPomodoroToTask(3) && s.daily.toggleTask(3));
+        QVERIFY(s.daily.addPomodoroEntry("x") && s.daily.addPomodoroEntry("y"));
+        QCOMPARE(s.note(), changed(note, "[ ] a", "[x] a 🍅 🍅").replace("3/8", "9223372036854775807/8") +
                                "| 9223372036854775807 | 09:30 | x |\n| 9223372036854775807 | 09:30 | y |\n");
     }
 
     void editsOfAStaleNote_areMadeOnTheFreshText()
     {
-        start(note);
-        QByteArray fresh = "- [ ] a\nnew\n" + changed(note, "3/8", "6/8") + "- [ ] a\n";
-        writeTestFile(path(), fresh);
-        QVERIFY(manager().addPomodoroToTask(3));
-        QCOMPARE(onDisk(), fresh.replace("] a\n-", "] a 🍅\n-"));
-        writeTestFile(path(), fresh.prepend("top\n"));
-        QVERIFY(manager().addPomodoroEntry(QStringLiteral("Go")));
-        QCOMPARE(onDisk(), fresh.replace("6/8", "7/8").replace("|---|\n", "|---|\n| 7 | 09:30 | Go |\n"));
-        QVERIFY(manager().updateFocus(QStringLiteral("F")));
-        loop().runQueued();
-        QCOMPARE(onDisk(), fresh.replace("Old", "F"));
-        QCOMPARE(manager().todayNote().content.toUtf8(), fresh);
-        QCOMPARE(manager().todayNote().tasks.first().lineNumber, 6);
+        TestServices s(note);
+        QByteArray fresh = "top\n" + changed(note, "3/8", "6/8");
+        writeTestFile(s.notePath, fresh);
+        QVERIFY(s.daily.addPomodoroEntry("Go"));
+        s.loop.runQueued();
+        QCOMPARE(s.note(), fresh.replace("6/8", "7/8").replace("|---|\n", "|---|\n| 7 | 09:30 | Go |\n"));
+        QCOMPARE(s.daily.todayNote().content.toUtf8(), fresh);
+        QCOMPARE(s.daily.todayNote().tasks.first().lineNumber, 4);
 
-        writeTestFile(path(), fresh.replace("] a 🍅", "] later"));
-        QVERIFY(!manager().toggleTask(6));
-        loop().runQueued();
-        QVERIFY(manager().lastError()->startsWith(QStringLiteral("Failed to toggle task: The note was changed by")));
-        QCOMPARE(onDisk(), fresh);
-        QCOMPARE(manager().todayNote().tasks.first().text, QStringLiteral("later"));
+        writeTestFile(s.notePath, fresh.replace("] a", "] later"));
+        QVERIFY(!s.daily.toggleTask(4));
+        s.loop.runQueued();
+        QVERIFY(s.daily.lastError()->startsWith("Failed to toggle task: The note was changed by"));
+        QCOMPARE(s.note(), fresh);
+        QCOMPARE(s.daily.todayNote().tasks.first().text, "later");
     }
-
-private:
-    /// Starts on a note of this content and publishes it.
-    void start(const QByteArray& content) { m_services = std::make_unique<TestServices>(content); }
-    DailyNoteManager& manager() { return m_services->daily; }
-    ManualRunLoop& loop() { return m_services->loop; }
-    QString path() const { return m_services->notePath; }
-    QByteArray onDisk() const { return m_services->note(); }
-
-    std::unique_ptr<TestServices> m_services;
 };
 
-} // namespace flitmark
-
-QTEST_GUILESS_MAIN(flitmark::DailyNoteManagerTest)
+QTEST_GUILESS_MAIN(DailyNoteManagerTest)
 #include "DailyNoteManagerTest.moc"

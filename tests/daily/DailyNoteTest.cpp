@@ -3,40 +3,18 @@
 
 #include <core/Text.h>
 #include <daily/DailyNoteEdits.h>
-#include <daily/DailyNoteParser.h>
+#include <support/NotePicture.h>
 
 #include <QtTest/QTest>
 
-namespace flitmark {
-
+using namespace flitmark;
 using Edits = DailyNoteEdits;
 
 namespace {
 
-/// What was parsed, as a text that is easy to compare: one line per thing found.
-QString picture(const ParsedDailyNote& note)
-{
-    QStringList lines(note.focus.isEmpty() ? QStringList() : QStringList(QStringLiteral("focus ") + note.focus));
-    for (const TaskItem& task : note.tasks) {
-        lines +=
-            QStringLiteral("%1 %2 %3").arg(task.lineNumber).arg(QChar(task.isCompleted ? u'x' : u'o')).arg(task.text);
-    }
-    for (const QString& text : note.coachNotes) {
-        lines += QStringLiteral("coach ") + text;
-    }
-    for (const QString& text : note.workDone) {
-        lines += QStringLiteral("done ") + text;
-    }
-    lines += note.pomodoroCount != 0 ? QStringList(QStringLiteral("count %1").arg(note.pomodoroCount)) : QStringList();
-    for (const PomodoroEntry& entry : note.pomodoroLog) {
-        lines += QStringLiteral("row %1 [%2] [%3]").arg(entry.number).arg(entry.time, entry.focus);
-    }
-    return lines.join(u'\n');
-}
-
 QString result(const Edits::Lines& lines, const std::optional<LineChanges>& changes)
 {
-    return changes ? Edits::apply(lines, *changes) : QStringLiteral("(can't be done)");
+    return changes ? Edits::apply(lines, *changes) : "(can't be done)";
 }
 
 using Text = const char*;
@@ -121,7 +99,7 @@ private Q_SLOTS:
             for (const char16_t* lineBreak : {u"\n", u"\r\n", u"\r", u"\v", u"\f", u"\u0085", u"\u2028", u"\u2029"}) {
                 const QString text = QString::fromUtf8(content).replace(u'\n', QString::fromUtf16(lineBreak));
                 const QString found = picture(parseDailyNote(text));
-                QVERIFY2(found == QString::fromUtf8(expected), qPrintable(QLatin1String(name) + u'\n' + found));
+                QVERIFY2(found == expected, qPrintable(QLatin1String(name) + u'\n' + found));
             }
         }
     }
@@ -129,14 +107,14 @@ private Q_SLOTS:
     void edit()
     {
         for (const auto& [kind, name, before, after] : editRows) {
-            const QString text = QString::fromUtf8(before);
+            const QString text = before;
             const Edits::Lines lines = splitLines(text);
-            const QString go = QStringLiteral("Go");
+            const QString go = "Go";
             const auto changes = *kind == 'f'   ? Edits::updateFocus(lines, go)
-                                 : *kind == 'e' ? Edits::addPomodoroEntry(lines, 4, QStringLiteral("09:30"), go)
+                                 : *kind == 'e' ? Edits::addPomodoroEntry(lines, 4, "09:30", go)
                                                 : Edits::addNewTask(lines, go);
             const QString found = result(lines, changes);
-            QVERIFY2(found == QString::fromUtf8(after), qPrintable(QLatin1String(name) + u'\n' + found));
+            QVERIFY2(found == after, qPrintable(QLatin1String(name) + u'\n' + found));
         }
     }
 
@@ -156,12 +134,12 @@ private Q_SLOTS:
                  {"- [ ] 🍅\u200D🍅", "- [x] 🍅\u200D🍅", none, 0},
                  {"- [ ] 🍅\u0301", "- [x] 🍅\u0301", none, 0},
              }) {
-            const QString line = QString::fromUtf8(before);
+            const QString line = before;
             const Edits::Lines lines = {line};
-            QCOMPARE(result(lines, Edits::toggleTask(lines, 0)), QString::fromUtf8(toggled));
-            QCOMPARE(result(lines, Edits::removePomodoroFromTask(lines, 0)), QString::fromUtf8(removed));
+            QCOMPARE(result(lines, Edits::toggleTask(lines, 0)), toggled);
+            QCOMPARE(result(lines, Edits::removePomodoroFromTask(lines, 0)), removed);
             QCOMPARE(Edits::pomodoroCount(line), tomatoes);
-            QCOMPARE(result(lines, Edits::addPomodoroToTask(lines, 0)), line + QStringLiteral(" 🍅"));
+            QCOMPARE(result(lines, Edits::addPomodoroToTask(lines, 0)), line + " 🍅");
         }
     }
 
@@ -184,7 +162,5 @@ private Q_SLOTS:
     }
 };
 
-} // namespace flitmark
-
-QTEST_APPLESS_MAIN(flitmark::DailyNoteTest)
+QTEST_APPLESS_MAIN(DailyNoteTest)
 #include "DailyNoteTest.moc"

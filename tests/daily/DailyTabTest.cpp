@@ -21,14 +21,13 @@ namespace {
 const QByteArray plainNote = "## Today's Focus\n**Ship it**\n\n## Tasks\n- [x] Review notes 🍅🍅\n- [ ] Publish visuals\n"
                              "- [ ] Deep work 🍅🍅🍅🍅🍅🍅🍅🍅🍅\n\n## Coach Notes\n- Visuals first?\n\n## Work Done\n"
                              "- ✅ first\n- ✅ second\n";
-const QString removeTooltip = QStringLiteral("Click to remove one 🍅");
+const char* const removeTooltip = "Click to remove one 🍅";
 
 /// The tab over real models and files, in a window of its own.
-class Tab
+struct Tab : TestServices
 {
-public:
     explicit Tab(const QByteArray& note = plainNote)
-        : services(note)
+        : TestServices(note)
     {
         auto* layout = new QVBoxLayout(&host);
         layout->setContentsMargins({});
@@ -41,24 +40,24 @@ public:
 
     void settle()
     {
-        services.loop.runQueued();
+        loop.runQueued();
         flitmark::settle();
     }
     /// Another program writes the note, and the tab hears of it.
     void writeNote(const QByteArray& note)
     {
-        writeTestFile(services.notePath, note);
-        services.daily.loadTodayNote();
+        writeTestFile(notePath, note);
+        daily.loadTodayNote();
         settle();
     }
     template<typename Widget = QPushButton>
     Widget* find(const char* name)
     {
-        return named<Widget>(host, QString::fromUtf8(name));
+        return named<Widget>(host, name);
     }
     void click(const char* name)
     {
-        flitmark::click(host, QString::fromUtf8(name));
+        flitmark::click(host, name);
         settle();
     }
     void press(Qt::Key key)
@@ -66,11 +65,9 @@ public:
         flitmark::press(key);
         settle();
     }
-    bool says(const char* text) { return visibleTexts(host).contains(QString::fromUtf8(text)); }
+    bool says(const char* text) { return shows(host, text); }
 
-    TestServices services;
-    DailyTabModel model{
-        {services.daily, services.signalManager, services.controller, services.notifications, services.loop}};
+    DailyTabModel model{{daily, signalManager, controller, notifications, loop}};
     QWidget host;
     DailyTabView* view = new DailyTabView(model, host);
 };
@@ -88,43 +85,37 @@ private Q_SLOTS:
         for (const char* text : {"Ship it", "Publish visuals", "+3", "Visuals first?", "✅ first"}) {
             QVERIFY2(tab.says(text), text);
         }
-        QCOMPARE(tab.model.workDone().first(), QStringLiteral("✅ second")); // the newest
+        QCOMPARE(tab.model.workDone().first(), "✅ second"); // the newest
         QStringList rows;
         for (const TaskPickerRow& row : tab.model.pickerRows()) {
             rows.append(row.text.section(u' ', 0, 0) + row.tomatoes);
         }
-        QCOMPARE(rows.join(u'|'), QStringLiteral("Publish|Deep🍅🍅🍅🍅🍅+4"));
+        QCOMPARE(rows.join(u'|'), "Publish|Deep🍅🍅🍅🍅🍅+4");
         QCOMPARE(allNamed<QPushButton>(tab.host, removeTooltip).size(), 2 + 6);
         // What is done is not started.
-        QCOMPARE(allNamed<QPushButton>(tab.host, QStringLiteral("Start Pomodoro for this task")).size(), 2);
+        QCOMPARE(allNamed<QPushButton>(tab.host, "Start Pomodoro for this task").size(), 2);
         Tab bare("");
-        QCOMPARE(visibleTexts(bare.host).mid(1).join(u'|'), QStringLiteral("FOCUS|No focus set"));
+        QCOMPARE(visibleTexts(bare.host).mid(1).join(u'|'), "FOCUS|No focus set");
         QVERIFY(bare.find("Add task") == nullptr && !bare.find("Mark focus done")->isEnabled());
     }
 
-    void newTask_isAddedByKeyboard()
-    {
-        Tab tab;
-        tab.click("Add task");
-        auto* field = tab.find<QLineEdit>("New task");
-        QTest::keyClicks(field, QStringLiteral("  "));
-        tab.press(Qt::Key_Return);
-        QVERIFY(field->isVisible() && field->hasFocus());
-        QTest::keyClicks(field, QStringLiteral("Buy milk "));
-        tab.press(Qt::Key_Return);
-        QCOMPARE(tab.services.note(), QByteArray(plainNote).replace("\n\n## Coach", "\n- [ ] Buy milk\n\n## Coach"));
-        QVERIFY(!field->isVisible() && tab.find("Add task")->hasFocus());
-    }
-
-    void blankFocus_isNotWritten()
+    void entries_takeNoBlankText()
     {
         Tab tab;
         tab.model.markFocusDone();
         QCOMPARE(tab.model.editedFocus(), QString());
-        tab.model.setEditedFocus(QStringLiteral(" \t "));
+        tab.model.setEditedFocus(" \t ");
         tab.model.saveFocus();
         QVERIFY(!tab.model.isSettingNewFocus());
-        QCOMPARE(tab.services.note(), plainNote);
+        tab.click("Add task");
+        auto* field = tab.find<QLineEdit>("New task");
+        QTest::keyClicks(field, "  ");
+        tab.press(Qt::Key_Return);
+        QVERIFY(field->isVisible() && field->hasFocus());
+        QTest::keyClicks(field, "Buy milk ");
+        tab.press(Qt::Key_Return);
+        QCOMPARE(tab.note(), QByteArray(plainNote).replace("\n\n## Coach", "\n- [ ] Buy milk\n\n## Coach"));
+        QVERIFY(!field->isVisible() && tab.find("Add task")->hasFocus());
     }
 
     void pomodoro_creditsItsTask()
@@ -132,21 +123,12 @@ private Q_SLOTS:
         Tab tab;
         tab.model.startPomodoro(6);
         tab.click("Start Pomodoro for this task"); // the first of them
-        tab.services.loop.advance(40min);
+        tab.loop.advance(40min);
         const QByteArray credited = QByteArray(plainNote).replace("visuals\n-", "visuals 🍅 🍅\n-");
-        QCOMPARE(tab.services.note(), credited);
+        QCOMPARE(tab.note(), credited);
         tab.model.stopPomodoro();
-        Q_EMIT tab.services.notifications.pomodoroCompleted();
-        tab.model.startPomodoro(5);
-        tab.model.tabHidden();
-        tab.services.loop.advance(20min);
-        QCOMPARE(tab.services.note(), credited);
-        QCOMPARE(tab.model.activeTaskLineNumber(), std::optional<qint64>(5));
-
-        tab.model.tabShown();
-        QVERIFY(QFile::remove(tab.services.notePath));
-        tab.services.loop.advance(20min);
-        QVERIFY(!QFileInfo::exists(tab.services.notePath) && tab.services.controller.isRunning());
+        Q_EMIT tab.notifications.pomodoroCompleted();
+        QCOMPARE(tab.note(), credited);
     }
 
     void typing_survivesAReload()
@@ -155,11 +137,11 @@ private Q_SLOTS:
             Tab tab;
             tab.click(opener);
             auto* edit = tab.find<QLineEdit>(name);
-            type(edit, QStringLiteral("abc"));
+            type(edit, "abc");
             QTest::keyClick(edit, Qt::Key_Left);
             tab.writeNote("## Today's Focus\n**Other**\n## Tasks\n- [ ] new one\n- [x] Review notes 🍅🍅\n");
-            QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("x"));
-            QCOMPARE(edit->text(), QStringLiteral("abxc"));
+            QTest::keyClicks(QApplication::focusWidget(), "x");
+            QCOMPARE(edit->text(), "abxc");
         }
     }
     void keyboard_staysOnItsTaskWhenOthersComeAndGo()
@@ -169,9 +151,9 @@ private Q_SLOTS:
         check->setFocus();
         tab.writeNote("## Tasks\n- [ ] one\n- [ ] two\n- [ ] Publish visuals\n- [ ] four\n");
         QVERIFY(check->hasFocus());
-        QCOMPARE(spoken(check), QStringLiteral("Publish visuals"));
+        QCOMPARE(spoken(check), "Publish visuals");
         tab.press(Qt::Key_Space);
-        QVERIFY(tab.services.note().contains("- [x] Publish visuals\n"));
+        QVERIFY(tab.note().contains("- [x] Publish visuals\n"));
         // The rows are walked in the order of the note, not of their making.
         tab.find<QCheckBox>("two")->setFocus();
         tab.press(Qt::Key_Tab);
@@ -184,32 +166,19 @@ private Q_SLOTS:
         tab.writeNote("## Tasks\n- [ ] a 🍅\n- [ ] b\n");
         named<QPushButton>(tab.host, removeTooltip)->setFocus();
         tab.press(Qt::Key_Return);
-        QVERIFY(tab.services.note().contains("- [ ] a\n"));
+        QVERIFY(tab.note().contains("- [ ] a\n"));
         QVERIFY(tab.find<QCheckBox>("a")->hasFocus());
     }
     void scrolledPosition_staysThroughAReload()
     {
-        QByteArray note = "## Tasks\n";
-        for (int i = 0; i < 60; ++i) {
-            note += "- [ ] task " + QByteArray::number(i) + "\n";
-        }
-        Tab tab(note);
+        const QByteArray tasks = QByteArray("- [ ] task\n").repeated(60);
+        Tab tab("## Tasks\n- [ ] first\n" + tasks);
         QScrollBar* bar = tab.view->findChildren<QScrollArea*>().last()->verticalScrollBar();
         bar->setValue(900);
-        tab.writeNote(note.replace("task 30\n", "task 30 🍅\n"));
+        tab.writeNote("## Tasks\n- [ ] first 🍅\n" + tasks);
         QCOMPARE(bar->value(), 900);
     }
 
-    void controls_takeTheKeyboardFromEachOther()
-    {
-        Tab tab;
-        tab.click("Start Pomodoro for a task");
-        flitmark::click(*tab.find<QWidget>("Start Pomodoro"), QStringLiteral("Publish visuals"));
-        QVERIFY(tab.find("Pause")->hasFocus());
-        tab.find("Stop & remove from task")->setFocus();
-        tab.press(Qt::Key_Return);
-        QVERIFY(tab.find("Start Pomodoro for a task")->hasFocus());
-    }
     void sheet_keepsTheKeyboardUntilItCloses()
     {
         Tab tab;
@@ -220,7 +189,7 @@ private Q_SLOTS:
         // Nothing is chosen yet: what is typed on goes nowhere.
         tab.press(Qt::Key_Return);
         tab.press(Qt::Key_Space);
-        QVERIFY(sheet->isVisible() && !tab.services.controller.isRunning());
+        QVERIFY(sheet->isVisible() && !tab.controller.isRunning());
         for (int i = 0; i < 8; ++i) {
             tab.press(Qt::Key_Tab);
             QVERIFY(sheet->isAncestorOf(QApplication::focusWidget()));
@@ -228,17 +197,24 @@ private Q_SLOTS:
         tab.press(Qt::Key_Escape);
         QVERIFY(tab.find<QWidget>("Start Pomodoro") == nullptr && !tab.model.showPomodoroTaskPicker());
         QVERIFY(opener->hasFocus());
+        // The controls take it from each other.
+        tab.press(Qt::Key_Return);
+        click(*tab.find<QWidget>("Start Pomodoro"), "Publish visuals");
+        QVERIFY(tab.find("Pause")->hasFocus());
+        tab.find("Stop & remove from task")->setFocus();
+        tab.press(Qt::Key_Return);
+        QVERIFY(tab.find("Start Pomodoro for a task")->hasFocus());
     }
     void midnight_bringsTheNextDay()
     {
         for (const bool isHidden : {true, false}) {
             Tab tab;
-            tab.services.controller.startDailyReviewTimer();
+            tab.controller.startDailyReviewTimer();
             tab.host.setVisible(!isHidden);
-            tab.services.loop.setWallClock(QDateTime(QDate(2026, 1, 22), QTime(23, 59, 30)));
-            tab.services.loop.advance(isHidden ? 0s : 61s);
+            tab.loop.setWallClock(QDateTime(QDate(2026, 1, 22), QTime(23, 59, 30)));
+            tab.loop.advance(isHidden ? 0s : 61s);
             if (isHidden) {
-                tab.services.loop.setWallClock(QDateTime(QDate(2026, 1, 23), QTime(8, 0)));
+                tab.loop.setWallClock(QDateTime(QDate(2026, 1, 23), QTime(8, 0)));
                 tab.host.show();
             }
             tab.settle();

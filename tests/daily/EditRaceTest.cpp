@@ -12,7 +12,7 @@
 #include <atomic>
 #include <thread>
 
-namespace flitmark {
+using namespace flitmark;
 
 namespace {
 
@@ -22,18 +22,13 @@ class OtherProgram
 public:
     explicit OtherProgram(const QString& path)
         : m_path(QFile::encodeName(path))
-        , m_thread([this] { run(); })
+        , m_thread([this](const std::stop_token& stopping) { run(stopping); })
     {
     }
-    ~OtherProgram() { stop(); }
-    Q_DISABLE_COPY_MOVE(OtherProgram)
-
     void stop()
     {
-        m_isStopped = true;
-        if (m_thread.joinable()) {
-            m_thread.join();
-        }
+        m_thread.request_stop();
+        m_thread.join();
     }
     /// Lets it write two lines more. Without a limit the note would outgrow a slow machine.
     void goOn() { m_allowed += 2; }
@@ -41,10 +36,10 @@ public:
     int lineCount() const { return m_lines; }
 
 private:
-    void run()
+    void run(const std::stop_token& stopping)
     {
         QRandomGenerator random(7);
-        while (!m_isStopped) {
+        while (!stopping.stop_requested()) {
             if (m_lines < m_allowed && write(random.bounded(3), "other " + QByteArray::number(m_lines) + '\n')) {
                 ++m_lines;
             }
@@ -77,10 +72,9 @@ private:
     }
 
     QByteArray m_path;
-    std::atomic<bool> m_isStopped = false;
     std::atomic<int> m_allowed = 0;
     int m_lines = 0;
-    std::thread m_thread;
+    std::jthread m_thread;
 };
 
 } // namespace
@@ -105,8 +99,8 @@ private Q_SLOTS:
         QStringList expected(m_focus);
         for (qsizetype i = 0; i < m_tasks.size(); ++i) {
             const auto& [isTicked, tomatoes] = m_tasks[i];
-            expected.append((isTicked ? QStringLiteral("- [x] task %1.") : QStringLiteral("- [ ] task %1.")).arg(i) +
-                            QStringLiteral(" 🍅").repeated(tomatoes));
+            const QString task(isTicked ? "- [x] task %1." : "- [ ] task %1.");
+            expected.append(task.arg(i) + QString(" 🍅").repeated(tomatoes));
         }
         for (int i = 0; i < other.lineCount(); ++i) {
             expected.append(QStringLiteral("other %1").arg(i));
@@ -142,7 +136,7 @@ private:
                 m_tasks.append(Expected());
             }
         } else if (kind == 1) {
-            m_entries += manager.addPomodoroEntry(QStringLiteral("entry")) ? 1 : 0;
+            m_entries += manager.addPomodoroEntry("entry") ? 1 : 0;
         } else if (kind == 2) {
             const QString focus = QStringLiteral("focus %1").arg(m_random.generate());
             m_focus = manager.updateFocus(focus) ? focus : m_focus;
@@ -174,7 +168,5 @@ private:
     QString m_focus;
 };
 
-} // namespace flitmark
-
-QTEST_GUILESS_MAIN(flitmark::EditRaceTest)
+QTEST_GUILESS_MAIN(EditRaceTest)
 #include "EditRaceTest.moc"

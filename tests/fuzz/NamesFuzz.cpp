@@ -42,10 +42,8 @@ void checkNote(const QString& text)
     require(std::none_of(name.begin(), name.end(), isLineBreak), "a name is one line");
     require(name.endsWith(u".md"), "a note is a markdown file");
 
-    static const AppConfig config =
-        AppConfig::makeDefault({.home = QStringLiteral("/nowhere"), .applicationSupport = {}, .cache = {}});
-    const QString note =
-        composeNote(config, QDateTime(QDate(2026, 1, 22), QTime(9, 30)), {}, text, QStringLiteral("Fleeting"));
+    static const AppConfig config = AppConfig::makeDefault({.home = "/nowhere", .applicationSupport = {}, .cache = {}});
+    const QString note = composeNote(config, QDateTime(QDate(2026, 1, 22), QTime(9, 30)), {}, text, "Fleeting");
     require(note.startsWith(u"---\n"), "a note begins with front matter");
     require(note.indexOf(u"\n---\n", 3) > 0, "the front matter ends");
     require(note.contains(trimSpacesAndNewlines(text)), "the thought is in the note as it was written");
@@ -57,25 +55,25 @@ class Vault
 public:
     Vault()
     {
-        QDir(folder.path()).mkpath(QStringLiteral("vault/a/b"));
-        QDir(folder.path()).mkpath(QStringLiteral("outside/a"));
+        QDir(folder.path()).mkpath("vault/a/b");
+        QDir(folder.path()).mkpath("outside/a");
         const std::pair<const char*, const char*> links[] = {
             {"../outside", "vault/o"}, {"a/b", "vault/i"},  {"../outside/new", "vault/n"},
             {"l", "vault/l"},          {"..", "vault/a/u"},
         };
         for (const auto& [target, name] : links) {
-            QFile::link(QString::fromLatin1(target), folder.filePath(QString::fromLatin1(name)));
+            QFile::link(target, folder.filePath(name));
         }
     }
 
     QTemporaryDir folder;
-    QString path = folder.filePath(QStringLiteral("vault"));
+    QString path = folder.filePath("vault");
 };
 
 void checkFolder(const QString& text)
 {
     static const Vault vault;
-    const QString fallback = QStringLiteral("Inbox");
+    const QString fallback = "Inbox";
     const auto folder = VaultPathResolver::saveDirectory(vault.path, text, fallback);
     require(folder.has_value(), "a proper fallback always yields a folder");
     require(folder->startsWith(vault.path + u'/'), "the folder is named inside the vault");

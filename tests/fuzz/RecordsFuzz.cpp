@@ -28,23 +28,23 @@ public:
     {
         ::dup2(::open("/dev/null", O_WRONLY | O_CLOEXEC), STDOUT_FILENO);
         QDir().mkpath(directories.ownFolder());
-        QDir().mkpath(directories.configHome + QStringLiteral("/obsidian"));
+        QDir().mkpath(directories.configHome + "/obsidian");
     }
 
     QTemporaryDir folder;
     Directories directories{.home = folder.path(),
-                            .applicationSupport = folder.filePath(QStringLiteral("support")),
+                            .applicationSupport = folder.filePath("support"),
                             .cache = {},
-                            .configHome = folder.filePath(QStringLiteral("support"))};
-    QString config = directories.ownFolder() + QStringLiteral("/config.json");
-    QString draft = directories.ownFolder() + QStringLiteral("/.draft.json");
-    QString vaults = directories.configHome + QStringLiteral("/obsidian/obsidian.json");
+                            .configHome = folder.filePath("support")};
+    QString config = directories.ownFolder() + "/config.json";
+    QString draft = directories.ownFolder() + "/.draft.json";
+    QString vaults = directories.configHome + "/obsidian/obsidian.json";
 };
 
 /// Puts `bytes` into the file at `path` and takes away what an earlier input left beside it.
 void putFile(const QString& path, const QByteArray& bytes)
 {
-    QFile::remove(path + QStringLiteral(".unreadable"));
+    QFile::remove(path + ".unreadable");
     QFile file(path);
     require(file.open(QFile::WriteOnly) && file.write(bytes) == bytes.size(), "the input is in the file");
 }
@@ -52,7 +52,7 @@ void putFile(const QString& path, const QByteArray& bytes)
 /// Whether the bytes are still somewhere after `path` was written anew.
 bool isKept(const QString& path, const QByteArray& bytes)
 {
-    return readFile(path + QStringLiteral(".unreadable")).value_or(QByteArray()) == bytes;
+    return readFile(path + ".unreadable").value_or(QByteArray()) == bytes;
 }
 
 void checkConfig(const User& user, const QByteArray& bytes)
@@ -80,7 +80,7 @@ void checkDraft(const User& user, const QByteArray& bytes)
         return;
     }
     require(readFile(user.draft).value_or(QByteArray()) == bytes, "what is no draft stays");
-    manager.save(QStringLiteral("new"), {}, {});
+    manager.save("new", {}, {});
     require(bytes.isEmpty() || isKept(user.draft, bytes), "what was no draft is kept beside the new one");
 }
 

@@ -57,7 +57,7 @@ void checkInput(const QByteArray& bytes)
     }
 
     const auto status = RawJson::parse(*acknowledged)->toValue().toObject().value(u"status");
-    require(status == QStringLiteral("acknowledged"), "the acknowledged form says so");
+    require(status == "acknowledged", "the acknowledged form says so");
     const auto object = parseSignal(bytes);
     if (!object) {
         return;
@@ -65,7 +65,7 @@ void checkInput(const QByteArray& bytes)
     checkRecord(*object, &DailyFocusSignal::fromJson);
     checkRecord(*object, &CoachAlert::fromJson);
     checkRecord(*object, &UserResponse::fromJson);
-    const Directories directories{.home = QStringLiteral("/nowhere"), .applicationSupport = {}, .cache = {}};
+    const Directories directories{.home = "/nowhere", .applicationSupport = {}, .cache = {}};
     checkRecord(*object, [&](const QJsonObject& fields) { return CoachConfig::fromJson(fields, directories); });
 }
 

@@ -93,10 +93,9 @@ private Q_SLOTS:
     }
     void cancelDuringEvents_closesAndNeverCallsAfter()
     {
-        std::atomic<bool> isWriting = true;
-        std::thread writer([&] {
+        std::jthread writer([&](const std::stop_token& stopping) {
             QFile file(path("a"));
-            while (isWriting && file.open(QIODevice::Append)) {
+            while (!stopping.stop_requested() && file.open(QIODevice::Append)) {
                 file.write("x");
                 file.close();
             }
@@ -111,7 +110,7 @@ private Q_SLOTS:
             isOver = true;
             QThread::usleep(50);
         }
-        isWriting = false;
+        writer.request_stop();
         writer.join();
         QVERIFY(!wasCalledAfter);
         const auto source = m_sources.open(path("a"), Event::Written, [](Events) {});
@@ -122,7 +121,7 @@ private Q_SLOTS:
     }
 
 private:
-    QString path(const char* name) const { return m_folder->filePath(QString::fromUtf8(name)); }
+    QString path(const char* name) const { return m_folder->filePath(name); }
 
     std::unique_ptr<QTemporaryDir> m_folder;
     InotifyFileEventSources m_sources;

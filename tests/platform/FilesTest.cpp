@@ -7,6 +7,7 @@
 
 #include <sys/stat.h>
 #include <sys/xattr.h>
+#include <unistd.h>
 
 using namespace flitmark;
 
@@ -34,9 +35,9 @@ private Q_SLOTS:
             QVERIFY(overwriteFile(file, content) && watcher.seek(0));
             QCOMPARE(watcher.readAll(), content);
         }
-        QCOMPARE(names(), QStringLiteral("file"));
+        QCOMPARE(names(), "file");
         // Files of the kernel claim to be empty.
-        QVERIFY(readFile(QStringLiteral("/proc/self/status")).value().startsWith("Name:"));
+        QVERIFY(readFile("/proc/self/status").value().startsWith("Name:"));
     }
     void directories_followTheEnvironment()
     {
@@ -46,22 +47,22 @@ private Q_SLOTS:
         QCOMPARE(Directories::ofUser().applicationSupport, path(".config"));
         QCOMPARE(Directories::ofUser().cache, path(".cache"));
         qputenv("XDG_CONFIG_HOME", "/elsewhere//config/");
-        QCOMPARE(Directories::ofUser().ownFolder(), QStringLiteral("/elsewhere/config/Flitmark"));
+        QCOMPARE(Directories::ofUser().ownFolder(), "/elsewhere/config/Flitmark");
         QVERIFY(QDir().mkpath(path("Library/Application Support")));
         QCOMPARE(Directories::ofUser().applicationSupport, path("Library/Application Support"));
-        QCOMPARE(Directories::ofUser().configHome, QStringLiteral("/elsewhere/config"));
+        QCOMPARE(Directories::ofUser().configHome, "/elsewhere/config");
     }
     void replacing_keepsLinksPermissionsAndAttributes()
     {
         QVERIFY(QDir().mkpath(path("sub/deep")));
-        makeTestLink(QStringLiteral("sub/deep"), path("inner"));
+        makeTestLink("sub/deep", path("inner"));
         // The system goes to where the inner link leads before it goes up.
-        for (const QString& target : {path("sub/real"), QStringLiteral("sub/real"), QStringLiteral("inner/../real")}) {
+        for (const QString& target : {path("sub/real"), QString("sub/real"), QString("inner/../real")}) {
             QFile::remove(path("sub/real"));
             QFile::remove(path("link"));
             QFile::remove(path("first"));
             makeTestLink(target, path("link"));
-            makeTestLink(QStringLiteral("link"), path("first"));
+            makeTestLink("link", path("first"));
             const mode_t mask = ::umask(027);
             const bool isWritten = replaceFile(path("first"), "fresh").has_value();
             ::umask(mask);
@@ -76,7 +77,7 @@ private Q_SLOTS:
             QCOMPARE(replaceFileIfUnchanged(path("first"), "old", "new").value(), ReplaceOutcome::Replaced);
             QCOMPARE(readTestFile(path("sub/real")), "new");
             QVERIFY(QFileInfo(path("link")).isSymLink() && QFileInfo(path("first")).isSymLink());
-            QCOMPARE(QDir(path("sub")).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("real")});
+            QCOMPARE(QDir(path("sub")).entryList(QDir::Files | QDir::Hidden), QStringList{"real"});
             QCOMPARE(statusOf(path("sub/real")).st_mode & 07777U, 0601U);
             QByteArray value(3, '\0');
             QVERIFY(!hasAttributes || ::getxattr(name.constData(), "user.colour", value.data(), 3) == 3);
@@ -85,9 +86,9 @@ private Q_SLOTS:
     }
     void replaceFile_intoADevice_leavesTheDevice()
     {
-        makeTestLink(QStringLiteral("/dev/null"), path("nowhere"));
+        makeTestLink("/dev/null", path("nowhere"));
         QVERIFY(replaceFile(path("nowhere"), "text"));
-        QVERIFY(!QFileInfo(QStringLiteral("/dev/null")).isFile());
+        QVERIFY(!QFileInfo("/dev/null").isFile());
         QCOMPARE(::mkfifo(QFile::encodeName(path("pipe")).constData(), 0600), 0);
         QVERIFY(!replaceFile(path("pipe"), "text"));
         QVERIFY(!QFileInfo(path("pipe")).isFile());
@@ -96,34 +97,34 @@ private Q_SLOTS:
     {
         writeTestFile(path("file"), "text");
         QVERIFY(QDir().mkpath(path("folder")));
-        makeTestLink(QStringLiteral("circle"), path("circle"));
+        makeTestLink("circle", path("circle"));
         for (const auto& [target, message] : {
-                 std::pair(QStringLiteral("file/sub"), "Not a directory"),
-                 {QStringLiteral("missing/sub"), "No such file or directory"},
-                 {QStringLiteral("folder"), "Is a directory"},
-                 {QStringLiteral("circle"), "Too many levels of symbolic links"},
+                 std::pair(QString("file/sub"), "Not a directory"),
+                 {"missing/sub", "No such file or directory"},
+                 {"folder", "Is a directory"},
+                 {"circle", "Too many levels of symbolic links"},
                  {QString(300, u'x'), "File name too long"},
-                 {QStringLiteral("file") + QChar::Null + u'x', "Invalid argument"},
+                 {QString("file") + QChar::Null + u'x', "Invalid argument"},
              }) {
             const QString to = m_folder->path() + u'/' + target;
-            QCOMPARE(replaceFile(to, "new").error().message, QString::fromLatin1(message));
-            QCOMPARE(overwriteFile(to, "new").error().message, QString::fromLatin1(message));
-            QCOMPARE(readFile(to).error().message, QString::fromLatin1(message));
+            QCOMPARE(replaceFile(to, "new").error().message, message);
+            QCOMPARE(overwriteFile(to, "new").error().message, message);
+            QCOMPARE(readFile(to).error().message, message);
         }
-        QCOMPARE(names(), QStringLiteral("circle,file,folder"));
+        QCOMPARE(names(), "circle,file,folder");
         QCOMPARE(readTestFile(path("file")), QByteArray("text"));
         QVERIFY(QDir(path("folder")).isEmpty());
     }
     void replaceFile_withoutPermission_isRefusedOrWritesInPlace()
     {
-        if (isSuperuser()) {
+        if (::geteuid() == 0) {
             QSKIP("nothing is read-only for a superuser");
         }
         const QString file = path("folder/file");
         writeTestFile(file, "old");
         const ino_t inode = statusOf(file).st_ino;
         QVERIFY(QFile::setPermissions(file, QFile::ReadOwner));
-        QCOMPARE(replaceFile(file, "new").error().message, QStringLiteral("Permission denied"));
+        QCOMPARE(replaceFile(file, "new").error().message, "Permission denied");
         QCOMPARE(readTestFile(file), QByteArray("old"));
         QVERIFY(QFile::setPermissions(file, QFile::ReadOwner | QFile::WriteOwner));
         QVERIFY(QFile::setPermissions(path("folder"), QFile::ReadOwner | QFile::ExeOwner));
@@ -134,22 +135,9 @@ private Q_SLOTS:
         QCOMPARE(readTestFile(file), QByteArray("new"));
         QCOMPARE(statusOf(file).st_ino, inode);
     }
-    void createFolder_makesParentsOrSaysWhy()
-    {
-        writeTestFile(path("file"), "text");
-        QVERIFY(createFolder(path("a/b//c/")) && createFolder(path("a/b")));
-        QVERIFY(QFileInfo(path("a/b/c")).isDir());
-        for (const char* bad : {"file", "file/a/b"}) {
-            QCOMPARE(createFolder(path(bad)).error().message, QStringLiteral("Not a directory"));
-        }
-        for (const QString& bad : {QStringLiteral("/proc/none/a"), QString(), path("new") + QChar::Null + u'x'}) {
-            QVERIFY(!createFolder(bad));
-        }
-        QCOMPARE(names(), QStringLiteral("a,file"));
-    }
 
 private:
-    QString path(const char* name) const { return m_folder->filePath(QString::fromUtf8(name)); }
+    QString path(const char* name) const { return m_folder->filePath(name); }
     QString names() const
     {
         const auto all = QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;

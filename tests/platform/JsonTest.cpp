@@ -24,7 +24,7 @@ private Q_SLOTS:
                  QByteArray("{|.\"aB\": [],|.\"a_b\": {},|.\"b\": [|..1,|..{|...\"Z\": 2,|...\"z\": 1|..}|.],|"
                             ".\"\uFF5E\": 2,|.\"\U0001F525\": 1|}|"));
         for (const auto& [value, written] : {
-                 std::pair<QJsonValue, QByteArray>(QStringLiteral(u"/\"\\\n\r\t\b\u001f\U0001F4A1"),
+                 std::pair<QJsonValue, QByteArray>("/\"\\\n\r\t\b\u001f\U0001F4A1",
                                                    "\"\\/\\\"\\\\\\n\\r\\t\\u0008\\u001f\U0001F4A1\""),
                  {440.0, "440"},
                  {0.95, "0.95"},
@@ -70,22 +70,22 @@ private Q_SLOTS:
               "\"\\",     "\"\\x\"", "\"\\u12g4\"", "\"\\u12", "\"a\nb\"", "\"\x01\"",   "\"\xFF\"", "\"\xED\xA0\x80\"",
               "[1] // x", "{\"a\":}"}) {
             const auto json = RawJson::parse(bytes);
-            QVERIFY2(!json && json.error().startsWith(QStringLiteral("The data ")), bytes);
+            QVERIFY2(!json && json.error().startsWith("The data "), bytes);
         }
         const auto nested = [](qsizetype depth) { return QByteArray(depth, '[') + QByteArray(depth, ']'); };
         QVERIFY(RawJson::parse(nested(512)));
         for (const QByteArray& bytes : {nested(513), nested(1'000'000), QByteArray("{\"a\":").repeated(1'000'000)}) {
-            QCOMPARE(RawJson::parse(bytes).error(), QStringLiteral("The data is nested too deeply."));
+            QCOMPARE(RawJson::parse(bytes).error(), "The data is nested too deeply.");
         }
     }
     void raw_isReadAndChanged()
     {
         const auto list = RawJson::parse(R"([{"s":"\u00e9"},9007199254740993,1.5,true,null,[]])");
-        const QJsonObject object{{QStringLiteral("s"), QStringLiteral("é")}};
+        const QJsonObject object{{"s", "é"}};
         QCOMPARE(list->toValue().toArray(),
                  QJsonArray({object, qint64{9007199254740993}, 1.5, true, QJsonValue(), QJsonArray()}));
         auto json = RawJson::parse(R"({"a":1,"\u0073tatus":[1],"z":2})");
-        json->setString(QStringLiteral("status"), QStringLiteral("x\"/"));
+        json->setString("status", "x\"/");
         QCOMPARE(json->encode(), QByteArray("{\n  \"a\": 1,\n  \"\\u0073tatus\": \"x\\\"\\/\",\n  \"z\": 2\n}\n"));
     }
 };

@@ -38,13 +38,13 @@ private Q_SLOTS:
                  {"[Desktop Entry]\nType=Application\n", "Unknown"},
              }) {
             const QTemporaryDir home;
-            const QString path = home.filePath(QStringLiteral("autostart/org.flitmark.Flitmark.desktop"));
+            const QString path = home.filePath("autostart/org.flitmark.Flitmark.desktop");
             if (!entry.isEmpty()) {
                 writeTestFile(path, entry);
             }
-            AutostartLoginService service(home.path(), QStringLiteral("/bin/sh"));
+            AutostartLoginService service(home.path(), "/bin/sh");
             LoginItemManager manager(service);
-            QVERIFY2(manager.statusText() == QString::fromLatin1(status), entry.constData());
+            QVERIFY2(manager.statusText() == status, entry.constData());
             QCOMPARE(manager.isEnabled(), status == QByteArray("Enabled"));
             QCOMPARE(readTestFile(path), entry);
             // The user's own word counts, whatever was there.
@@ -56,9 +56,8 @@ private Q_SLOTS:
 
     void anyProgram_isQuotedForTheDesktop()
     {
-        for (const QString& program :
-             {QStringLiteral("/a/with space"), QStringLiteral("/a/100% \"mine\" $HOME `x`"),
-              QStringLiteral("/a/back\\slash \\n s"), QStringLiteral("/a/grüße 🍅"), QStringLiteral("/a/%%f;=[x]")}) {
+        for (const char* program :
+             {"/a/with space", "/a/100% \"mine\" $HOME `x`", "/a/back\\slash \\n s", "/a/grüße 🍅", "/a/%%f;=[x]"}) {
             const AutostartEntry expected{program, false};
             QByteArray text = autostartEntryText(program);
             QCOMPARE(parseAutostartEntry(text), expected);
@@ -69,15 +68,15 @@ private Q_SLOTS:
     void refusedByTheSystem_saysSoInItsWords()
     {
         const QTemporaryDir home;
-        const QString folder = home.filePath(QStringLiteral("autostart"));
+        const QString folder = home.filePath("autostart");
         writeTestFile(folder, "a file where the folder should be");
-        AutostartLoginService service(home.path(), QStringLiteral("/bin/sh"));
+        AutostartLoginService service(home.path(), "/bin/sh");
         LoginItemManager manager(service);
         QVERIFY(!manager.setEnabled(true) && !manager.isEnabled() && !manager.lastError()->isEmpty());
         QVERIFY(QFile::remove(folder));
-        QVERIFY(QDir().mkpath(folder + QStringLiteral("/org.flitmark.Flitmark.desktop")));
+        QVERIFY(QDir().mkpath(folder + "/org.flitmark.Flitmark.desktop"));
         manager.refresh();
-        QCOMPARE(manager.statusText(), QStringLiteral("Unknown"));
+        QCOMPARE(manager.statusText(), "Unknown");
         QVERIFY(!manager.setEnabled(false) && manager.lastError());
         QVERIFY(QDir(folder).removeRecursively());
         QVERIFY(manager.setEnabled(true) && !manager.lastError());
@@ -87,7 +86,7 @@ private Q_SLOTS:
     {
         const QTemporaryDir folder;
         // What lies there by that name gives way.
-        writeTestFile(folder.filePath(QStringLiteral("org.flitmark.Flitmark.running")), "old");
+        writeTestFile(folder.filePath("org.flitmark.Flitmark.running"), "old");
         {
             RunningCopy first(folder.path(), {});
             QCOMPARE(first.claim(), RunningCopy::Claim::First);
@@ -97,7 +96,7 @@ private Q_SLOTS:
             }
             first.listen();
             QTRY_COMPARE(asked.count(), 1);
-            QCOMPARE(asked.constFirst().constFirst().toString(), QStringLiteral("last"));
+            QCOMPARE(asked.constFirst().constFirst().toString(), "last");
             QCOMPARE(RunningCopy(folder.path(), QByteArray(1'000'000, 'x')).claim(), RunningCopy::Claim::HandedOver);
             QTRY_COMPARE(asked.count(), 2);
         }
@@ -113,7 +112,7 @@ private Q_SLOTS:
         }
         QVERIFY(told > 0);
         // Without a folder it runs all the same.
-        QCOMPARE(RunningCopy(QStringLiteral("/no/such/folder"), {}).claim(), RunningCopy::Claim::First);
+        QCOMPARE(RunningCopy("/no/such/folder", {}).claim(), RunningCopy::Claim::First);
         QCOMPARE(RunningCopy(QString(), {}).claim(), RunningCopy::Claim::Apart);
     }
 };

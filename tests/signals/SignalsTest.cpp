@@ -6,11 +6,11 @@
 
 #include <QSignalSpy>
 
-namespace flitmark {
+using namespace flitmark;
 
 namespace {
 
-const Directories directories{.home = QStringLiteral("/nowhere"), .applicationSupport = {}, .cache = {}};
+const Directories directories{.home = "/nowhere", .applicationSupport = {}, .cache = {}};
 
 tl::expected<CoachConfig, QString> config(const QByteArray& bytes)
 {
@@ -25,7 +25,7 @@ void checkKeys(const Record& record)
     const QJsonObject full = record.toJson();
     QCOMPARE(parseSignal(encodeJson(full)).and_then(&Record::fromJson), record);
     for (const QString& key : full.keys()) {
-        const QJsonValue other = full.value(key).isString() ? QJsonValue(1) : QJsonValue(QStringLiteral("1"));
+        const QJsonValue other = full.value(key).isString() ? QJsonValue(1) : QJsonValue("1");
         for (const QJsonValue& wrong : {QJsonValue(QJsonValue::Undefined), QJsonValue(), other, QJsonValue(1.5)}) {
             QJsonObject broken = full;
             broken.insert(key, wrong);
@@ -37,7 +37,7 @@ void checkKeys(const Record& record)
 
 QByteArray alertBytes(const char* status = "pending")
 {
-    return encodeJson(CoachAlert{QStringLiteral("a1"), {}, {}, {}, 3, QString::fromUtf8(status)}.toJson());
+    return encodeJson(CoachAlert{"a1", {}, {}, {}, 3, status}.toJson());
 }
 
 } // namespace
@@ -71,7 +71,7 @@ private Q_SLOTS:
     {
         CoachConfig expected = CoachConfig::makeDefault(directories);
         QCOMPARE(config("{}"), expected);
-        expected.coachStyle = QStringLiteral("stoic");
+        expected.coachStyle = "stoic";
         QCOMPARE(config(R"({"coach_style": "stoic", "data_sources": null, "unknown": 1e400})"), expected);
         for (const auto& [bytes, error] : {
                  std::pair(R"({"data_sources": {"pieces_summaries": false}})", "\"data_sources.manual_checkins\""),
@@ -81,42 +81,40 @@ private Q_SLOTS:
                  {R"({"misalignment_threshold": 9223372036854775808})", "\"misalignment_threshold\""},
                  {"[]", "not an object"},
              }) {
-            QVERIFY2(config(bytes).error().contains(QString::fromLatin1(error)), bytes);
+            QVERIFY2(config(bytes).error().contains(error), bytes);
         }
     }
 
     void window()
     {
-        const auto isInside = [](const char* start, const char* end, int minute) {
-            return isWithinWindow(QString::fromUtf8(start), QString::fromUtf8(end), minute);
-        };
         for (const auto& [start, end] : {std::pair("07:30", "18:00"),
                                          {"7:30", "18:0"},
                                          {"07::30", ":18:00:"},
                                          {"+7:30", "18:+00"},
                                          {"8:-30", "17:60"}}) {
-            QVERIFY2(!isInside(start, end, 449) && isInside(start, end, 450), start);
-            QVERIFY2(isInside(start, end, 1080) && !isInside(start, end, 1081), end);
+            QVERIFY2(!isWithinWindow(start, end, 449) && isWithinWindow(start, end, 450), start);
+            QVERIFY2(isWithinWindow(start, end, 1080) && !isWithinWindow(start, end, 1081), end);
         }
         for (const char* unreadable : {"", ":", "0730", "07:30:00", " 7:30", "7:3o", "٧:٣٠", "9223372036854775807:0",
                                        "99999999999999999999:0", "153722867280912930:60"}) {
-            QVERIFY2(isInside(unreadable, "00:00", 720) && isInside("23:59", unreadable, 720), unreadable);
+            QVERIFY2(isWithinWindow(unreadable, "00:00", 720) && isWithinWindow("23:59", unreadable, 720), unreadable);
         }
-        QVERIFY(!isInside("22:00", "06:00", 0) && !isInside("22:00", "06:00", 1439) && isInside("0:0", "99:99", 1439));
+        QVERIFY(!isWithinWindow("22:00", "06:00", 0) && !isWithinWindow("22:00", "06:00", 1439) &&
+                isWithinWindow("0:0", "99:99", 1439));
     }
 
     void directory_isChosenOnce()
     {
-        QVERIFY(QDir(m_services->folder.path()).mkdir(QStringLiteral("vault")));
+        QVERIFY(QDir(m_services->folder.path()).mkdir("vault"));
         for (const auto& [hasCompletedSetup, vault, isInVault] :
              {std::tuple(true, "vault/", true), {false, "vault", false}, {true, "none", false}, {true, "", false}}) {
             m_services->config.update([&, &set = hasCompletedSetup, &path = vault](AppConfig& config) {
                 config.hasCompletedSetup = set;
-                config.vaultPath = *path == 0 ? QString() : m_services->folder.filePath(QString::fromLatin1(path));
+                config.vaultPath = *path == 0 ? QString() : m_services->folder.filePath(path);
             });
             start();
             m_services->config.update([](AppConfig& config) { config.hasCompletedSetup = !config.hasCompletedSetup; });
-            const QString inVault = m_services->folder.filePath(QStringLiteral("vault/.vault-state/flit-mark"));
+            const QString inVault = m_services->folder.filePath("vault/.vault-state/flit-mark");
             QCOMPARE(m_manager->signalDirectory(), isInVault ? inVault : QFileInfo(own("x")).path());
             QCOMPARE(readTestFile(m_manager->coachConfigURL()),
                      encodeJson(CoachConfig::makeDefault(m_services->directories).toJson()));
@@ -131,8 +129,7 @@ private Q_SLOTS:
             init();
             writeTestFile(own("coach-config.json"), bytes);
             start();
-            QVERIFY(m_services->output->lines().first().startsWith(
-                QStringLiteral("SignalManager: Failed to load config: The ")));
+            QVERIFY(m_services->output->lines().first().startsWith("SignalManager: Failed to load config: The "));
             QCOMPARE(m_manager->coachConfig(), CoachConfig::makeDefault(m_services->directories));
             QCOMPARE(readTestFile(own("coach-config.json")), bytes);
 
@@ -159,7 +156,7 @@ private Q_SLOTS:
             const qsizetype before = m_services->output->lines().size();
             report(bytes);
             QCOMPARE(m_manager->currentAlert().has_value(), bytes == alertBytes());
-            QVERIFY2(m_services->output->lines().sliced(before).join(u'\n').contains(QString::fromLatin1(line)), line);
+            QVERIFY2(m_services->output->lines().sliced(before).join(u'\n').contains(line), line);
         }
         // The same alert again is published again; one that is withdrawn stays.
         QSignalSpy changes(m_manager.get(), &SignalManager::currentAlertChanged);
@@ -173,14 +170,14 @@ private Q_SLOTS:
         QByteArray bytes = alertBytes();
         writeTestFile(own("coach-alert.json"), bytes.replace("{\n", "{\n  \"a\": 1.10,\n"));
         start();
-        m_manager->writeUserResponse(QStringLiteral("other"), QStringLiteral("snooze"), QString());
+        m_manager->writeUserResponse("other", "snooze", {});
         QCOMPARE(readTestFile(own("coach-alert.json")), bytes);
         m_services->loop.runQueued();
         QVERIFY(!m_manager->currentAlert());
         start();
         QFile watched(own("coach-alert.json"));
         QVERIFY(watched.open(QIODevice::ReadOnly));
-        m_manager->writeUserResponse(QStringLiteral("a1"), QStringLiteral("snooze"), QString());
+        m_manager->writeUserResponse("a1", "snooze", {});
         QCOMPARE(readTestFile(own("user-response.json")),
                  QByteArray("{\n  \"alert_id\": \"a1\",\n  \"note\": \"\",\n  \"response\": \"snooze\",\n"
                             "  \"timestamp\": \"2026-01-22T08:30:00Z\"\n}\n"));
@@ -195,29 +192,28 @@ private Q_SLOTS:
         // An answer that can't be written keeps the alert.
         report(alertBytes());
         QVERIFY(QFile::remove(own("user-response.json")) && QDir().mkpath(own("user-response.json")));
-        m_manager->writeUserResponse(QStringLiteral("a1"), QStringLiteral("snooze"), QString());
+        m_manager->writeUserResponse("a1", "snooze", {});
         m_services->loop.runQueued();
         QVERIFY(m_manager->currentAlert());
         QCOMPARE(readTestFile(own("coach-alert.json")), alertBytes());
     }
     void noFolder_everyOperationSaysSo()
     {
-        const QString state = m_services->directories.ownFolder() + QStringLiteral("/state");
+        const QString state = m_services->directories.ownFolder() + "/state";
         QVERIFY(QDir(state).removeRecursively());
         writeTestFile(state, "a file in the folder's place");
-        m_services->events.isBroken = true;
         start();
-        m_manager->writeDailyFocus(QStringLiteral("f"), QStringLiteral("active"), 0);
-        m_manager->writeUserResponse(QStringLiteral("a"), QStringLiteral("snooze"), QString());
-        QCOMPARE(m_services->output->lines().join(u'\n').remove(QStringLiteral("SignalManager: Failed to ")),
-                 QStringLiteral("save config: Not a directory\nopen file for monitoring\n"
-                                "write daily focus: Not a directory\nwrite user response: Not a directory"));
+        m_manager->writeDailyFocus("f", "active", 0);
+        m_manager->writeUserResponse("a", "snooze", {});
+        QCOMPARE(m_services->output->lines().join(u'\n').remove("SignalManager: Failed to "),
+                 "save config: Not a directory\nopen file for monitoring\n"
+                 "write daily focus: Not a directory\nwrite user response: Not a directory");
     }
 
 private:
     QString own(const char* name) const
     {
-        return m_services->directories.ownFolder() + QStringLiteral("/state/flit-mark/") + QString::fromUtf8(name);
+        return m_services->directories.ownFolder() + QStringLiteral("/state/flit-mark/") + name;
     }
     void start()
     {
@@ -236,7 +232,5 @@ private:
     std::unique_ptr<SignalManager> m_manager;
 };
 
-} // namespace flitmark
-
-QTEST_GUILESS_MAIN(flitmark::SignalsTest)
+QTEST_GUILESS_MAIN(SignalsTest)
 #include "SignalsTest.moc"

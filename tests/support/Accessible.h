@@ -23,20 +23,16 @@ inline QString spoken(QObject* object, QAccessible::Text text = QAccessible::Nam
 /// The widgets of a type below `root` that are visible and have the accessible name `name`, in the order of their
 /// making.
 template<typename Widget>
-QList<Widget*> allNamed(const QWidget& root, const QString& name)
+QList<Widget*> allNamed(const QWidget& root, QAnyStringView name)
 {
-    QList<Widget*> found;
-    for (Widget* widget : root.findChildren<Widget*>()) {
-        if (widget->isVisible() && spoken(widget) == name) {
-            found.append(widget);
-        }
-    }
+    QList<Widget*> found = root.findChildren<Widget*>();
+    found.removeIf([name](Widget* widget) { return !widget->isVisible() || spoken(widget) != name; });
     return found;
 }
 
 /// The first of them; null when there is none.
 template<typename Widget>
-Widget* named(const QWidget& root, const QString& name)
+Widget* named(const QWidget& root, QAnyStringView name)
 {
     return allNamed<Widget>(root, name).value(0);
 }
@@ -51,6 +47,10 @@ inline QStringList visibleTexts(const QWidget& root)
         }
     }
     return texts;
+}
+inline bool shows(const QWidget& root, QAnyStringView text)
+{
+    return visibleTexts(root).contains(text.toString());
 }
 
 /// Shows `window` and waits until it has the keyboard.
@@ -67,10 +67,10 @@ inline void settle()
     QCoreApplication::processEvents();
 }
 /// Clicks the button of that name; fails the test where there is none, or a disabled one.
-inline void click(const QWidget& root, const QString& name)
+inline void click(const QWidget& root, QAnyStringView name)
 {
     auto* button = named<QAbstractButton>(root, name);
-    QVERIFY2(button != nullptr && button->isEnabled(), qPrintable(name));
+    QVERIFY2(button != nullptr && button->isEnabled(), qPrintable(name.toString()));
     QTest::mouseClick(button, Qt::LeftButton);
     settle();
 }
@@ -81,13 +81,13 @@ inline void press(Qt::Key key)
     QTest::keyClick(QApplication::focusWidget(), key);
 }
 /// Replaces what `field` holds by typing.
-inline void type(QWidget* field, const QString& text)
+inline void type(QWidget* field, QAnyStringView text)
 {
     QVERIFY(field != nullptr);
     field->setFocus();
     QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
     QTest::keyClick(field, Qt::Key_Delete);
-    QTest::keyClicks(field, text);
+    QTest::keyClicks(field, text.toString());
 }
 
 /// What is cut off of the labels, buttons and scrolled contents below `root`.

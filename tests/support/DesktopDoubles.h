@@ -11,6 +11,7 @@
 #include <platform/WindowManager.h>
 
 #include <QHash>
+#include <QVariant>
 #include <QWindow>
 
 namespace flitmark {
@@ -78,13 +79,12 @@ public:
 class FakeUserDefaults final : public UserDefaults
 {
 public:
-    QHash<QString, bool> values;
-    QHash<QString, QString> texts;
+    QHash<QString, QVariant> values;
 
-    bool boolean(const QString& key, bool fallback) const override { return values.value(key, fallback); }
+    bool boolean(const QString& key, bool fallback) const override { return values.value(key, fallback).toBool(); }
     void setBoolean(const QString& key, bool value) override { values.insert(key, value); }
-    QString text(const QString& key) const override { return texts.value(key); }
-    void setText(const QString& key, const QString& value) override { texts.insert(key, value); }
+    QString text(const QString& key) const override { return values.value(key).toString(); }
+    void setText(const QString& key, const QString& value) override { values.insert(key, value); }
 };
 
 /// An updater that never finds anything by itself.

@@ -5,6 +5,7 @@
 
 #include <platform/FileEventSource.h>
 
+#include <QFileInfo>
 #include <QHash>
 #include <QStringList>
 
@@ -16,16 +17,16 @@ namespace flitmark {
 class ManualFileEvents final : public FileEventSources
 {
 public:
-    ManualFileEvents() = default;
-
     tl::expected<std::unique_ptr<FileEventSource>, FileError> open(const QString& path, FileEventSource::Events wanted,
                                                                    FileEventSource::Handler handler) override
     {
-        if (isBroken) {
-            return tl::unexpected(FileError{QStringLiteral("Broken")});
+        if (!QFileInfo::exists(path)) {
+            return tl::unexpected(FileError{"No such file or directory"});
         }
-        m_open.insert(++m_lastDescriptor, {path, wanted, std::move(handler)});
-        return std::make_unique<Source>(m_open, m_lastDescriptor);
+        auto source = std::make_unique<Source>();
+        source->watches = &m_open;
+        m_open.insert(source->key = ++m_lastDescriptor, {path, wanted, std::move(handler)});
+        return source;
     }
 
     /// Reports `events` to every watch on `path` that asked for one of them.
@@ -48,9 +49,6 @@ public:
         return all;
     }
 
-    /// Lets every further watch fail.
-    bool isBroken = false;
-
 private:
     struct Watch
     {
@@ -61,19 +59,12 @@ private:
 
     struct Source final : FileEventSource
     {
-        Source(QHash<int, Watch>& watches, int number)
-            : open(watches)
-            , key(number)
-        {
-        }
-        ~Source() override { open.remove(key); }
-        Q_DISABLE_COPY_MOVE(Source)
-
-        void cancel() override { open.remove(std::exchange(key, -1)); }
+        ~Source() override { cancel(); }
+        void cancel() override { watches->remove(std::exchange(key, -1)); }
         int descriptor() const override { return key; }
 
-        QHash<int, Watch>& open;
-        int key;
+        QHash<int, Watch>* watches = nullptr;
+        int key = -1;
     };
 
     QHash<int, Watch> m_open;

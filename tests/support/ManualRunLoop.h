@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <map>
-#include <mutex>
 #include <vector>
 
 namespace flitmark {
@@ -67,11 +66,7 @@ private:
         std::shared_ptr<Task> task;
     };
 
-    void add(Duration delay, Task task)
-    {
-        const std::lock_guard lock(m_mutex);
-        m_queue.emplace(m_elapsed + delay, std::move(task));
-    }
+    void add(Duration delay, Task task) { m_queue.emplace(m_elapsed + delay, std::move(task)); }
     /// Queues the next firing of `timer`, and with each firing the one after it.
     void repeat(Duration period, const std::weak_ptr<Task>& timer)
     {
@@ -85,7 +80,6 @@ private:
     /// The next task due by `until`, with the clock at its time; an empty one when there is none.
     Task takeNext(Duration until)
     {
-        const std::lock_guard lock(m_mutex);
         if (m_queue.empty() || m_queue.begin()->first > until) {
             return {};
         }
@@ -101,7 +95,6 @@ private:
 
     QDateTime m_now;
     Duration m_elapsed{0};
-    std::mutex m_mutex;
     /// By the time they are due; what is due at one time stands in the order of its making.
     std::multimap<Duration, Task> m_queue;
     std::vector<std::weak_ptr<Task>> m_timers;

@@ -5,6 +5,7 @@
 
 #include <QAction>
 #include <QComboBox>
+#include <QImage>
 #include <QLineEdit>
 #include <QPaintEngine>
 #include <QRegularExpression>
@@ -21,7 +22,7 @@ class PseudoLanguage final : public QTranslator
 public:
     static QString of(const char* source)
     {
-        QString text = QString::fromUtf8(source).replace(u'…', QStringLiteral("..."));
+        QString text = QString::fromUtf8(source).replace(u'…', "...");
         const qsizetype length = text.size();
         for (const auto& [plain, accented] : {std::pair(u'a', u'å'), {u'e', u'ê'}, {u'o', u'ö'}, {u'u', u'ü'}}) {
             text.replace(plain, accented);
@@ -39,37 +40,23 @@ public:
 };
 
 /// Takes down the texts that a widget paints.
-class PaintedTexts final : public QPaintDevice
+class PaintedTexts final : public QImage
 {
 public:
     explicit PaintedTexts(QWidget& widget)
-        : m_widget(widget)
-        , m_engine(*this)
+        : QImage(widget.size().expandedTo({1, 1}), Format_ARGB32)
     {
         widget.render(this, {}, {}, {});
     }
     QPaintEngine* paintEngine() const override { return &m_engine; }
-
-    QString all;
-    bool areInside = true;
-
-protected:
-    int metric(PaintDeviceMetric metric) const override
-    {
-        const int scale = static_cast<int>(devicePixelRatioFScale());
-        return metric == PdmWidth                    ? m_widget.width()
-               : metric == PdmHeight                 ? m_widget.height()
-               : metric == PdmDevicePixelRatioScaled ? scale
-               : metric == PdmDevicePixelRatio       ? 1
-                                                     : 96;
-    }
+    const QString& all() const { return m_engine.all; }
+    bool areInside() const { return m_engine.areInside; }
 
 private:
     struct Engine final : QPaintEngine
     {
-        explicit Engine(PaintedTexts& texts)
+        Engine()
             : QPaintEngine(AllFeatures)
-            , m_texts(texts)
         {
         }
         bool begin(QPaintDevice*) override { return true; }
@@ -81,17 +68,17 @@ private:
         Type type() const override { return User; }
         void drawTextItem(const QPointF& at, const QTextItem& item) override
         {
-            m_texts.all += item.text();
+            all += item.text();
             // Spaces at the end of a row may hang over.
             const double width = item.text().trimmed().isEmpty() ? 0 : item.width();
             const QPointF left = painter()->deviceTransform().map(at);
-            const QRectF room = QRectF(m_texts.m_widget.rect()).adjusted(-1, -1, 1, 1);
-            m_texts.areInside &= room.contains(left) && room.contains(left + QPointF(width, 0));
+            const QRectF room(-1, -1, paintDevice()->width() + 2, paintDevice()->height() + 2);
+            areInside &= room.contains(left) && room.contains(left + QPointF(width, 0));
         }
-        PaintedTexts& m_texts;
+        QString all;
+        bool areInside = true;
     };
 
-    QWidget& m_widget;
     mutable Engine m_engine;
 };
 
@@ -101,9 +88,9 @@ inline QStringList faultsInTexts(QWidget& window)
 {
     QStringList faults;
     const auto check = [&faults](const char* what, const QString& text) {
-        static const QRegularExpression bracketed(QStringLiteral("\\[[^\\[\\]]*\\]"));
+        static const QRegularExpression bracketed("\\[[^\\[\\]]*\\]");
         // Paths, tags and the names of keys are the same in every language, and the locale writes dates.
-        static const QRegularExpression same(QStringLiteral("[~/][^ \\[\\]]*|#\\S+|[⌘⌥]\\w|\\.md|Inbox|Thursday, Jan"));
+        static const QRegularExpression same("[~/][^ \\[\\]]*|#\\S+|[⌘⌥]\\w|\\.md|Inbox|Thursday, Jan");
         QString rest = text;
         while (rest.contains(bracketed)) {
             rest.remove(bracketed);
@@ -118,12 +105,12 @@ inline QStringList faultsInTexts(QWidget& window)
             continue;
         }
         const PaintedTexts painted(*widget);
-        check("shown", painted.all);
+        check("shown", painted.all());
         const QWidget* parent = widget->parentWidget();
-        const bool hasRoom = widget->isWindow() || painted.all.isEmpty() ||
+        const bool hasRoom = widget->isWindow() || painted.all().isEmpty() ||
                              (widget->x() >= 0 && widget->geometry().right() < parent->width());
-        if (!painted.areInside || !hasRoom) {
-            faults.append(QStringLiteral("cut: ") + painted.all);
+        if (!painted.areInside() || !hasRoom) {
+            faults.append(QStringLiteral("cut: ") + painted.all());
         }
         check("name", widget->accessibleName());
         check("description", widget->accessibleDescription());

@@ -13,11 +13,9 @@ namespace flitmark {
 class RecordingSound final : public SystemSound
 {
 public:
-    void play(const QString& name) override { m_played.append(name); }
-    const QStringList& played() const { return m_played; }
+    void play(const QString& name) override { played.append(name); }
 
-private:
-    QStringList m_played;
+    QStringList played;
 };
 
 } // namespace flitmark

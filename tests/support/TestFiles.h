@@ -35,10 +35,4 @@ inline void makeTestLink(const QString& target, const QString& path)
     QCOMPARE(::symlink(QFile::encodeName(target).constData(), QFile::encodeName(path).constData()), 0);
 }
 
-/// True for a superuser, whom no permission stops: tests of refused writes are skipped then.
-inline bool isSuperuser()
-{
-    return ::geteuid() == 0;
-}
-
 } // namespace flitmark

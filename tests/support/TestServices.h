@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <capture/DraftManager.h>
+#include <capture/NoteManager.h>
 #include <checkin/CheckinWindowController.h>
 #include <config/ConfigManager.h>
 #include <daily/DailyNoteManager.h>
@@ -41,8 +43,6 @@ public:
     Q_DISABLE_COPY_MOVE(TestServices)
 
     QByteArray note() const { return readTestFile(notePath); }
-    QByteArray dailyFocus() const { return readTestFile(signalManager.dailyFocusURL()); }
-    QString focus() const { return daily.todayNote().focus; }
 
     template<typename Change>
     void changeCoach(Change change)
@@ -57,11 +57,11 @@ public:
     }
 
     QTemporaryDir folder;
-    QString vault = folder.filePath(QStringLiteral("Vault"));
-    QString notePath = vault + QStringLiteral("/Daily/2026/2026-01-22.md");
+    QString vault = folder.filePath("Vault");
+    QString notePath = vault + "/Daily/2026/2026-01-22.md";
     Directories directories{
-        .home = folder.filePath(QStringLiteral("home")),
-        .applicationSupport = folder.filePath(QStringLiteral("support")),
+        .home = folder.filePath("home"),
+        .applicationSupport = folder.filePath("support"),
         .cache = {},
     };
     std::unique_ptr<OutputCapture> output = std::make_unique<OutputCapture>();
@@ -72,6 +72,8 @@ public:
     TestPopups popups;
     NotificationCenter notifications;
     ConfigManager config{directories};
+    DraftManager drafts{directories, loop};
+    NoteManager notes{config, loop, sound};
     SignalManager signalManager{directories, config, loop, events};
     DailyNoteManager daily{DailyNoteManager::Services{config, signalManager, loop, events, workspace}};
     CheckinWindowController controller{

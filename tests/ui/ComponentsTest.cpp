@@ -57,8 +57,8 @@ private Q_SLOTS:
 
     void speaksAndIsPressed()
     {
-        const QString name = QStringLiteral("R&D & more");
-        const QString second = QStringLiteral("/home/mara/Q&A");
+        const QString name = "R&D & more";
+        const QString second = "/home/mara/Q&A";
         RowContent row;
         row.title = name;
         row.second = second;
@@ -67,7 +67,7 @@ private Q_SLOTS:
             {new Button(name), QAccessible::Button, {}, 3},
             {new IconButton(name), QAccessible::Button, {}, 3},
             {new ActionRow(row), QAccessible::Button, second, 3},
-            {new ChipButton(QStringLiteral("🔥"), name), QAccessible::CheckBox, {}, 1},
+            {new ChipButton("🔥", name), QAccessible::CheckBox, {}, 1},
             {new CheckBox(name), QAccessible::CheckBox, {}, 1},
             {new Switch(name), QAccessible::CheckBox, {}, 1},
             {new Slider(name, 0, 10, 1), QAccessible::Slider, {}, 0},
@@ -109,8 +109,8 @@ private Q_SLOTS:
     }
     void ringIsForTheKeyboard()
     {
-        auto* first = new Button(QStringLiteral("Back"));
-        auto* second = new IconButton(QStringLiteral("Settings"));
+        auto* first = new Button("Back");
+        auto* second = new IconButton("Settings");
         const auto window = windowOf({first, second});
         const QColor ring = ThemeScope::of(*first).mark;
         first->setFocus(Qt::MouseFocusReason);
@@ -126,9 +126,9 @@ private Q_SLOTS:
     void tabsAreOneStop()
     {
         auto* tabs = new SegmentedTabs;
-        tabs->add(QStringLiteral("New"));
-        tabs->add(QStringLiteral("Browse"));
-        const auto window = windowOf({tabs, new Button(QStringLiteral("Next"))});
+        tabs->add("New");
+        tabs->add("Browse");
+        const auto window = windowOf({tabs, new Button("Next")});
         const QList<QPushButton*> segments = tabs->findChildren<QPushButton*>();
         segments[1]->setFocus(Qt::TabFocusReason);
         QTest::keyClick(segments[1], Qt::Key_Left);

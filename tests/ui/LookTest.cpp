@@ -36,23 +36,23 @@ private Q_SLOTS:
     void findsEmoji()
     {
         for (const auto& [text, expected, preferred] : {
-                 std::tuple(QStringLiteral("Plain #1 text*"), "", 0),
-                 {QStringLiteral("Write 🍅🍅"), "6+2 8+2", 2},
+                 std::tuple("Plain #1 text*", "", 0),
+                 {"Write 🍅🍅", "6+2 8+2", 2},
                  // Key signs are text, and so is a heart unless it is told to be an emoji, or the contrary.
-                 {QStringLiteral("⌥N ✓ →"), "", 3},
-                 {QStringLiteral("❤ ❤️"), "2+2", 2},
-                 {QStringLiteral("☔︎"), "", 0},
-                 {QStringLiteral("🇩🇪 👍🏽 1️⃣"), "0+2 2+2 5+4 10+3", 4},
+                 {"⌥N ✓ →", "", 3},
+                 {"❤ ❤️", "2+2", 2},
+                 {"☔︎", "", 0},
+                 {"🇩🇪 👍🏽 1️⃣", "0+2 2+2 5+4 10+3", 4},
                  // A family joined; a joiner at the end.
-                 {QStringLiteral("👩‍👧x"), "0+5", 1},
-                 {QStringLiteral("🍅‍"), "0+2", 1},
+                 {"👩‍👧x", "0+5", 1},
+                 {"🍅‍", "0+2", 1},
              }) {
             const QFont font = fontOf(TextRole::Body);
             QStringList found;
             for (const QTextLayout::FormatRange& format : emojiFormats(text, font)) {
                 found.append(QStringLiteral("%1+%2").arg(format.start).arg(format.length));
             }
-            QCOMPARE(found.join(u' '), QLatin1String(expected));
+            QCOMPARE(found.join(u' '), expected);
             QCOMPARE(emojiFormats(text, font, EmojiStyle::Preferred).size(), preferred);
         }
     }
@@ -61,7 +61,7 @@ private Q_SLOTS:
         QImage image(40, 40, QImage::Format_ARGB32_Premultiplied);
         image.fill(Qt::white);
         QPainter painter(&image);
-        QTextLayout layout(QStringLiteral("❤️"), fontOf(TextRole::Display));
+        QTextLayout layout("❤️", fontOf(TextRole::Display));
         layout.setFormats(emojiFormats(layout.text(), layout.font()));
         layout.beginLayout();
         layout.createLine();
@@ -81,7 +81,7 @@ private Q_SLOTS:
             QVERIFY2(QRectF(0, 0, 1, 1).contains(bounds), qPrintable(name));
             QVERIFY2(bounds.width() > 0.2 && bounds.height() > 0.1, qPrintable(name));
         }
-        QVERIFY(Symbols::path(QStringLiteral("no.such.symbol")).isEmpty());
+        QVERIFY(Symbols::path("no.such.symbol").isEmpty());
     }
 
     void keepsContrast()
@@ -92,8 +92,32 @@ private Q_SLOTS:
             themes << themeOfPalette(palette) << themeOfWindow(palette, Scheme::Light)
                    << themeOfWindow(palette, Scheme::Dark);
         }
+        const auto check = [](const char* what, const QColor& color, const QColor& ground, double least = 4.5) {
+            QVERIFY2(contrast(color, ground) >= least,
+                     qPrintable(QLatin1String(what) + u' ' + color.name() + u' ' + ground.name()));
+        };
         for (const Theme& theme : themes) {
-            checkContrast(theme);
+            for (const QColor& ground : {theme.background, theme.card}) {
+                for (const ColorToken token : {&Theme::text, &Theme::text2, &Theme::mark, &Theme::red}) {
+                    check("text", theme.*token, ground);
+                }
+                for (const ColorToken token : {&Theme::line, &Theme::outline, &Theme::green, &Theme::orange}) {
+                    check("line", theme.*token, ground, 3);
+                }
+            }
+            for (const QColor& layer : {QColor(Qt::transparent), theme.hover, theme.press}) {
+                check("on a selection", theme.text, over(theme.sel, layer));
+                check("second line on a selection", theme.selText2, over(theme.sel, layer));
+                check("on a soft control", theme.text, over(over(theme.background, theme.soft), layer));
+                check("on a soft control of a card", theme.text, over(over(theme.card, theme.soft), layer));
+            }
+            check("icon on a selection", theme.selMark, theme.sel);
+            check("badge", theme.badgeText, theme.badge);
+            for (const ColorToken token : {&Theme::fill, &Theme::fillHover, &Theme::fillPress, &Theme::offFill}) {
+                check("white label", Qt::white, theme.*token);
+            }
+            check("info", theme.info, theme.background);
+            check("success", theme.success, theme.background);
         }
     }
     void scopeIsInherited()
@@ -113,35 +137,6 @@ private Q_SLOTS:
     }
 
 private:
-    static void checkContrast(const Theme& theme)
-    {
-        const auto check = [](const char* what, const QColor& color, const QColor& ground, double least = 4.5) {
-            QVERIFY2(contrast(color, ground) >= least,
-                     qPrintable(QLatin1String(what) + u' ' + color.name() + u' ' + ground.name()));
-        };
-        for (const QColor& ground : {theme.background, theme.card}) {
-            for (const ColorToken token : {&Theme::text, &Theme::text2, &Theme::mark, &Theme::red}) {
-                check("text", theme.*token, ground);
-            }
-            for (const ColorToken token : {&Theme::line, &Theme::outline, &Theme::green, &Theme::orange}) {
-                check("line", theme.*token, ground, 3);
-            }
-        }
-        for (const QColor& layer : {QColor(Qt::transparent), theme.hover, theme.press}) {
-            check("on a selection", theme.text, over(theme.sel, layer));
-            check("second line on a selection", theme.selText2, over(theme.sel, layer));
-            check("on a soft control", theme.text, over(over(theme.background, theme.soft), layer));
-            check("on a soft control of a card", theme.text, over(over(theme.card, theme.soft), layer));
-        }
-        check("icon on a selection", theme.selMark, theme.sel);
-        check("badge", theme.badgeText, theme.badge);
-        for (const ColorToken token : {&Theme::fill, &Theme::fillHover, &Theme::fillPress, &Theme::offFill}) {
-            check("white label", Qt::white, theme.*token);
-        }
-        check("info", theme.info, theme.background);
-        check("success", theme.success, theme.background);
-    }
-
     const QFont m_font = QGuiApplication::font();
 };
 

@@ -4,6 +4,8 @@
 #include <core/Text.h>
 #include <daily/DailyNoteEdits.h>
 #include <daily/NoteBytes.h>
+#include <daily/NoteLines.h>
+#include <support/NotePicture.h>
 
 #include "Property.h"
 
@@ -54,6 +56,22 @@ void checkTask(const Lines& lines, qint64 number)
     checkOnlyItsLines(lines, removed.value_or(LineChanges()));
 }
 
+void checkParsing(const Lines& lines, const QString& text)
+{
+    const ParsedDailyNote note = parseDailyNote(text);
+    qint64 last = -1;
+    for (const TaskItem& task : note.tasks) {
+        require(task.lineNumber > last && task.lineNumber < lines.size(), "task lines are in order");
+        require(containsTaskMarker(lines[task.lineNumber]), "a task's line has a check box");
+        require(lines[task.lineNumber].contains(task.text), "a task's text is in its line");
+        last = task.lineNumber;
+    }
+    const QString plain = Edits::apply(lines, {});
+    require(picture(parseDailyNote(plain)) == picture(note), "LF for any break reads the same");
+    require(picture(parseDailyNote(QString(plain).replace(u'\n', "\r\n"))) == picture(note), "CR LF reads the same");
+    require(parseDailyNote(QStringLiteral("---\nx\n---\n") + text).focus == note.focus, "front matter hides no focus");
+}
+
 } // namespace
 
 void checkInput(const QByteArray& bytes)
@@ -62,15 +80,17 @@ void checkInput(const QByteArray& bytes)
     if (!text) {
         return;
     }
+    require(noteBytes(*text, bytes) == bytes, "text keeps every byte");
     const Lines lines = splitLines(*text);
+    checkParsing(lines, *text);
     const qsizetype first = bytes.isEmpty() ? 0 : static_cast<uchar>(bytes.back()) % lines.size();
     for (qsizetype i = first; i < qMin(lines.size(), first + 20); ++i) {
         checkTask(lines, i);
         require(Edits::findLine(lines, lines[i], i) == i, "a line is found where it is");
     }
-    const QString word = QStringLiteral("Ship it");
+    const QString word = "Ship it";
     checkOnlyItsLines(lines, Edits::updateFocus(lines, word));
-    checkOnlyItsLines(lines, Edits::addPomodoroEntry(lines, 4, QStringLiteral("09:30"), word));
+    checkOnlyItsLines(lines, Edits::addPomodoroEntry(lines, 4, "09:30", word));
     checkOnlyItsLines(lines, Edits::addNewTask(lines, word).value_or(LineChanges()));
 }
 
