@@ -9,6 +9,8 @@
 #include <ui/IconButton.h>
 #include <ui/SegmentedTabs.h>
 
+#include <QApplication>
+#include <QContextMenuEvent>
 #include <QHBoxLayout>
 #include <QShortcut>
 #include <QStackedLayout>
@@ -44,6 +46,10 @@ NotePanelView::NotePanelView(const NotePanelModels& models, ConfigManager& confi
     connect(escape, &QShortcut::activated, this, &NotePanelView::closeAsked);
     auto* settings = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Comma), this);
     connect(settings, &QShortcut::activated, this, &NotePanelView::settingsAsked);
+    auto* menu = new QShortcut(QKeySequence(Qt::Key_F10), this);
+    connect(menu, &QShortcut::activated, this, &NotePanelView::menuAsked);
+    auto* contextMenu = new QShortcut(QKeySequence(Qt::SHIFT | Qt::Key_F10), this);
+    connect(contextMenu, &QShortcut::activated, this, &NotePanelView::askForContextMenu);
     showSelectedTab();
 }
 
@@ -90,6 +96,23 @@ void NotePanelView::setCornerReserve(int width)
 {
     m_newTab->setCornerReserve(width);
     m_daily->setCornerReserve(width);
+}
+
+/// Shift+F10 does what the Menu key does, which Qt knows alone: a text field has a menu of its own.
+void NotePanelView::askForContextMenu()
+{
+    if (QWidget* widget = QApplication::focusWidget()) {
+        const QPoint place = widget->inputMethodQuery(Qt::ImCursorRectangle).toRect().center();
+        QContextMenuEvent asked(QContextMenuEvent::Keyboard, place, widget->mapToGlobal(place));
+        QCoreApplication::sendEvent(widget, &asked);
+    }
+}
+
+void NotePanelView::contextMenuEvent(QContextMenuEvent* event)
+{
+    if (event->reason() == QContextMenuEvent::Keyboard) {
+        Q_EMIT menuAsked();
+    }
 }
 
 void NotePanelView::showSelectedTab()

@@ -3,6 +3,7 @@
 
 #include <checkin/PopupWindow.h>
 #include <platform/WindowManager.h>
+#include <ui/AccessibleRole.h>
 #include <ui/IconButton.h>
 #include <ui/Label.h>
 #include <ui/Surfaces.h>
@@ -27,6 +28,7 @@ PopupWindow::PopupWindow(WindowManager& windowManager, RunLoop& runLoop, const T
     , m_runLoop(runLoop)
 {
     setWindowTitle(texts.windowTitle);
+    setAccessibleRole(*this, QAccessible::Dialog);
     // The body comes first, so that the first Tab leads to its first control and the close button is the last one.
     body->setParent(content());
     auto* column = new QVBoxLayout(content());

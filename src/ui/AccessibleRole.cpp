@@ -25,7 +25,7 @@ public:
     QAccessible::State state() const override
     {
         QAccessible::State state = QAccessibleWidget::state();
-        state.modal = role() == QAccessible::Dialog;
+        state.modal = role() == QAccessible::Dialog && !widget()->isWindow();
         return state;
     }
     int childCount() const override { return QAccessibleWidget::childCount() + static_cast<int>(openMenus().size()); }
@@ -43,11 +43,13 @@ public:
     }
 
 private:
-    /// Qt leaves them out, so nobody who walks the tree would find them.
+    /// Qt leaves them out, so nobody who walks the tree would find them. Those that text fields open hang deep below.
     QList<QMenu*> openMenus() const
     {
-        QList<QMenu*> menus = widget()->findChildren<QMenu*>(Qt::FindDirectChildrenOnly);
-        menus.removeIf([](const QMenu* menu) { return !menu->isVisible(); });
+        QList<QMenu*> menus = widget()->isWindow() ? widget()->findChildren<QMenu*>() : QList<QMenu*>();
+        menus.removeIf([](const QMenu* menu) {
+            return !menu->isVisible() || qobject_cast<const QMenu*>(menu->parent()) != nullptr;
+        });
         return menus;
     }
 };

@@ -9,8 +9,8 @@ class QWidget;
 
 namespace flitmark {
 
-/// Makes `widget` something else to screen readers than its class tells: a group of controls, a dialog inside a window.
-/// The menus that are open on it are among its children then.
+/// Makes `widget` something else to screen readers than its class tells: a window, a group of controls, a dialog inside
+/// a window. Among the children of a window are the menus that are open in it.
 /// To be called before anybody asks for its accessible interface, so best in the constructor.
 void setAccessibleRole(QWidget& widget, QAccessible::Role role);
 

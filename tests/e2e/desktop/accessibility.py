@@ -189,9 +189,19 @@ class Accessible:
         """Replaces the text as an input aid would, without the keyboard."""
         self._call(_EDITABLE, "SetTextContents", GLib.Variant("(s)", (text,)), "(b)")
 
-    def press(self):
-        """Runs the control's first action, as a screen reader's user would."""
-        self._call(_ACTION, "DoAction", GLib.Variant("(i)", (0,)), "(b)")
+    @property
+    def actions(self):
+        """The names of what can be done with the control."""
+        return [name for name, _, _ in self._call(_ACTION, "GetActions", reply="(a(sss))")[0]]
+
+    def press(self, action=0):
+        """Runs the control's first action, or the one of this name, as a screen reader's user would."""
+        number = action if isinstance(action, int) else self.actions.index(action)
+        self._call(_ACTION, "DoAction", GLib.Variant("(i)", (number,)), "(b)")
+
+    def take_focus(self):
+        """Gives the control the keyboard, if its window has it."""
+        self._call(_COMPONENT, "GrabFocus", reply="(b)")
 
     def walk(self, depth=0):
         """This control and all below it that are on screen, outermost first, as (depth, control)."""
