@@ -32,6 +32,8 @@ BrowseView::BrowseView(BrowseModel& model)
     layout->addLayout(m_body, 1);
     layout->addWidget(new Divider);
     layout->addWidget(m_summary);
+    // Read in the order in which it is seen.
+    m_summary->raise();
 
     connect(&model, &BrowseModel::browseItemsChanged, this, &BrowseView::showItems);
     showItems();
@@ -82,11 +84,12 @@ void BrowseView::takeKeyboard()
 void BrowseView::showItems()
 {
     const bool hadKeyboard = m_list->hasFocus();
-    m_body->setCurrentIndex(m_model.browseItems().isEmpty() ? 1 : 0);
     m_summary->setText(m_model.summary());
+    // Before the list goes away, the keyboard moves on from it.
     if (hadKeyboard) {
         takeKeyboard();
     }
+    m_body->setCurrentIndex(m_model.browseItems().isEmpty() ? 1 : 0);
 }
 
 } // namespace flitmark

@@ -26,6 +26,7 @@ PopupWindow::PopupWindow(WindowManager& windowManager, RunLoop& runLoop, const T
     : FloatingWindow(windowManager, Resizing::Fixed)
     , m_windowManager(windowManager)
     , m_runLoop(runLoop)
+    , m_body(body)
 {
     setWindowTitle(texts.windowTitle);
     setAccessibleRole(*this, QAccessible::Dialog);
@@ -34,11 +35,14 @@ PopupWindow::PopupWindow(WindowManager& windowManager, RunLoop& runLoop, const T
     auto* column = new QVBoxLayout(content());
     column->setContentsMargins({});
     column->setSpacing(0);
-    column->addWidget(makeHead(texts.heading));
+    QWidget* head = makeHead(texts.heading);
+    column->addWidget(head);
     column->addWidget(body);
     column->addSpacing(8);
     column->addWidget(new Divider);
     column->addWidget(makeFoot());
+    // Read in the order in which it is seen.
+    head->lower();
     connect(this, &FloatingWindow::closeAsked, this, &PopupWindow::dismissed);
 }
 
@@ -101,9 +105,22 @@ void PopupWindow::makeKeyAndOrderFront()
         ignoreKeysForAMoment();
     }
     fit();
+    setAccessibleDescription(question());
     makeKey();
     // No act of the user asks for this window, and desktops refuse the keyboard to such a window unless told so.
     m_windowManager.activate(winId());
+}
+
+/// What the body says above its answers.
+QString PopupWindow::question() const
+{
+    QStringList texts;
+    for (const Label* label : m_body->findChildren<Label*>()) {
+        if (label->isVisibleTo(this)) {
+            texts.append(label->text());
+        }
+    }
+    return texts.join(u' ');
 }
 
 void PopupWindow::ignoreKeysForAMoment()

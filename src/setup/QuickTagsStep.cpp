@@ -84,7 +84,7 @@ QuickTagsStep::QuickTagsStep(SetupWizardModel& model, QWidget* parent)
     : StepColumn(parent)
     , m_model(model)
 {
-    addText(tr("Configure Quick Tags"), TextRole::Title, &Theme::text, 0);
+    addTitle(tr("Configure Quick Tags"));
     addText(tr("Quick tags are your note categories. Add your own tags and star the ones you want selected by "
                "default."),
             TextRole::Body, &Theme::text2, 4);

@@ -58,7 +58,7 @@ class CaptureTest(SetUpCase):
         self.assertRegex(note.read_text(), re.compile(
             r"\A---\ncreated: 2026-01-22T13:03:\d\d\.\d{3}Z\ntype: fleeting\ntags: \[fleeting\]\n---\n\n"))
         self.assertEqual(self.body_of(note), f"{text}\n\n#priority/high #type/idea #type/task")
-        self.program.find("Saved", "label")
+        self.program.find("Saved", "notification")
         self.assertFalse(self.home.draft_path.exists())
         self.assertEqual(self.editor().text, "")
         self.assertLess(time.monotonic() - saved, 0.5, "too slow to see whether the panel stays for a moment")
@@ -99,7 +99,7 @@ class CaptureTest(SetUpCase):
         self.screen.type("  \n ")
         self.wait_for_text("  \n ")
         self.save_by_key()
-        self.program.find("Nothing to save", "label")
+        self.program.find("Nothing to save", "notification")
         hold(self.panel_is_open, "the panel stays", 1.0)
         self.assertEqual(self.home.notes(), [])
         self.assertFalse(self.home.draft_path.exists())

@@ -33,6 +33,7 @@ public:
     CheckMark()
         : m_state(*new ControlState(*this))
     {
+        setAccessibleRole(*this, QAccessible::CheckBox);
         setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     }
 

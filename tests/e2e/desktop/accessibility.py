@@ -93,6 +93,18 @@ def _connection(address):
     return connection
 
 
+def register_for_events(connection, hear):
+    """Has programs say what happens to their controls, and calls `hear(control, event, detail, value)` for it while the main
+    context is iterated."""
+    for events in ("object:", "window:"):
+        connection.call_sync(_REGISTRY, "/org/a11y/atspi/registry", _REGISTRY, "RegisterEvent",
+                             GLib.Variant("(sass)", (events, [], "")), None, Gio.DBusCallFlags.NONE, _CALL_TIMEOUT_MS, None)
+    for interface in ("org.a11y.atspi.Event.Object", "org.a11y.atspi.Event.Window"):
+        connection.signal_subscribe(
+            None, interface, None, None, None, Gio.DBusSignalFlags.NONE,
+            lambda bus, owner, path, _, event, data: hear(Accessible(bus, owner, path), event, data[0], data[1]))
+
+
 def applications(connection):
     """The root of each accessible application on the bus."""
     return unless_gone(lambda: Accessible(connection, _REGISTRY, _ROOT).children, [])
@@ -184,6 +196,11 @@ class Accessible:
         """The text of an editor or field; the name of anything else, as a label shows it."""
         texts = unless_gone(lambda: self._call(_TEXT, "GetText", GLib.Variant("(ii)", (0, -1)), "(s)"))
         return texts[0] if texts is not None else self.name
+
+    @property
+    def value(self):
+        """The number of a slider."""
+        return self._property("org.a11y.atspi.Value", "CurrentValue")
 
     def set_text(self, text):
         """Replaces the text as an input aid would, without the keyboard."""
