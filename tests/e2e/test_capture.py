@@ -116,7 +116,7 @@ class CaptureTest(SetUpCase):
         self.wait_for_text(text)
         self.program.click("#type/task", "check box")
         self.program.click("Save", "push button", "Flitmark")
-        self.program.find("Error saving", "label")
+        self.program.find("Error saving", "notification")
         hold(self.panel_is_open, "the panel stays", 1.0)
         self.assertEqual(self.editor().text, text)
         self.assertTrue(self.is_on("#type/task"))
