@@ -95,7 +95,8 @@ class ScreenReaderDayTest(DayCase):
         self.assertIs(self.home.config()["play_sound_on_save"], False)
 
     def test_focus_tasks_and_a_pomodoro(self):
-        self.begin(f"@2026-01-22 14:00:00 x{120 / PATIENCE:g}")
+        self.home.write_coach_config('{"pomodoro_interval_minutes": 5}')
+        self.begin(f"@2026-01-22 14:00:00 x{60 / PATIENCE:g}")
         reader = self.reader
         self.open_panel()
         self.turn_to("Daily")
