@@ -14,9 +14,16 @@ namespace flitmark {
 bool CompositionFilter::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::InputMethod) {
-        m_composed = static_cast<const QInputMethodEvent*>(event)->preeditString();
+        const auto& input = static_cast<const QInputMethodEvent&>(*event);
+        if (isRepeated(input)) {
+            return true;
+        }
+        m_composed = input.preeditString();
         m_field = m_composed.isEmpty() ? nullptr : watched;
         return false;
+    }
+    if (event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyRelease) {
+        m_ended.clear();
     }
     if (m_field.isNull()) {
         return false;
@@ -40,6 +47,22 @@ bool CompositionFilter::eventFilter(QObject* watched, QEvent* event)
     }
 }
 
+/// What Qt has taken over it also tells IBus to forget, which many of its engines answer by handing in the same text
+/// once more, before any other key arrives.
+bool CompositionFilter::isRepeated(const QInputMethodEvent& input)
+{
+    if (!input.preeditString().isEmpty()) {
+        m_ended.clear();
+        return false;
+    }
+    if (input.commitString().isEmpty()) {
+        return false;
+    }
+    const bool isRepeated = input.commitString() == m_ended;
+    m_ended = !isRepeated && input.commitString() == m_composed ? m_composed : QString();
+    return isRepeated;
+}
+
 bool CompositionFilter::filterKey(const QKeyEvent& key, QEvent& event)
 {
     const bool isPlain = (key.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
@@ -56,7 +79,8 @@ bool CompositionFilter::filterKey(const QKeyEvent& key, QEvent& event)
         }
         return true;
     }
-    if (key.modifiers().testFlag(Qt::ControlModifier)) {
+    // Ctrl alone may be the beginning of a key of the input method's own.
+    if (key.modifiers().testFlag(Qt::ControlModifier) && key.key() != Qt::Key_Control) {
         takeOver();
     }
     return false;
@@ -74,10 +98,12 @@ void CompositionFilter::takeOver()
 
 void CompositionFilter::giveUp()
 {
+    const QString composed = m_composed;
     QGuiApplication::inputMethod()->reset();
     if (!m_field.isNull()) {
         replaceBy({});
     }
+    m_ended = composed;
 }
 
 void CompositionFilter::replaceBy(const QString& text)

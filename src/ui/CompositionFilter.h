@@ -6,6 +6,7 @@
 #include <QObject>
 #include <QPointer>
 
+class QInputMethodEvent;
 class QKeyEvent;
 
 namespace flitmark {
@@ -21,6 +22,7 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    bool isRepeated(const QInputMethodEvent& input);
     bool filterKey(const QKeyEvent& key, QEvent& event);
     void takeOver();
     void giveUp();
@@ -30,6 +32,8 @@ private:
     /// The field in which a text is composed; null while none is.
     QPointer<QObject> m_field;
     QString m_composed;
+    /// What was composed last, until something else is entered.
+    QString m_ended;
 };
 
 } // namespace flitmark
