@@ -11,6 +11,20 @@
 
 namespace flitmark {
 
+namespace {
+
+bool isPlain(const QKeyEvent& key)
+{
+    return (key.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+}
+
+bool isEscape(const QKeyEvent& key)
+{
+    return isPlain(key) && key.key() == Qt::Key_Escape;
+}
+
+} // namespace
+
 bool CompositionFilter::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::InputMethod) {
@@ -18,12 +32,21 @@ bool CompositionFilter::eventFilter(QObject* watched, QEvent* event)
         if (isRepeated(input)) {
             return true;
         }
-        m_composed = input.preeditString();
-        m_field = m_composed.isEmpty() ? nullptr : watched;
+        m_field = input.preeditString().isEmpty() ? nullptr : watched;
+        // Some take the composition away before they commit it.
+        if (m_field != nullptr || !input.commitString().isEmpty()) {
+            m_composed = input.preeditString();
+        }
         return false;
     }
     if (event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyRelease) {
+        // Nothing came since the composition ended: this key has ended it.
+        m_isEscapeSpent = !m_ended.isEmpty() && isEscape(static_cast<const QKeyEvent&>(*event));
         m_ended.clear();
+    }
+    if (m_isEscapeSpent && (event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyPress)) {
+        event->accept();
+        return true;
     }
     if (m_field.isNull()) {
         return false;
@@ -65,14 +88,12 @@ bool CompositionFilter::isRepeated(const QInputMethodEvent& input)
 
 bool CompositionFilter::filterKey(const QKeyEvent& key, QEvent& event)
 {
-    const bool isPlain = (key.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
-    const bool isEscape = isPlain && key.key() == Qt::Key_Escape;
-    const bool isReturn = isPlain && (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter);
-    if (isEscape || isReturn) {
+    const bool isReturn = isPlain(key) && (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter);
+    if (isEscape(key) || isReturn) {
         if (event.type() == QEvent::ShortcutOverride) {
             // No shortcut: it comes back as a key.
             event.accept();
-        } else if (isEscape) {
+        } else if (isEscape(key)) {
             giveUp();
         } else {
             takeOver();

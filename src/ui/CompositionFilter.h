@@ -31,9 +31,12 @@ private:
 
     /// The field in which a text is composed; null while none is.
     QPointer<QObject> m_field;
+    /// What is composed in it, or was last.
     QString m_composed;
-    /// What was composed last, until something else is entered.
+    /// What was composed and is committed, until something else is entered.
     QString m_ended;
+    /// The Escape that is pressed now was for an input method that committed its composition by it and handed it on.
+    bool m_isEscapeSpent = false;
 };
 
 } // namespace flitmark

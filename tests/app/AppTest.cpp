@@ -72,6 +72,9 @@ private Q_SLOTS:
             // Some input methods hand in once more what was taken over or given up. A new text may be the same.
             {[=](Desktop&) { down(Qt::Key_Return), commit(), compose(), commit(); }, "xkaka", true},
             {[=](Desktop&) { down(Qt::Key_Escape), commit(), commit(); }, "xka", true},
+            // Others commit by Escape, and hand on the key.
+            {[=](Desktop& desktop) { commit(), pressing(Qt::Key_Escape)(desktop); }, "xka", true},
+            {[=](Desktop&) { commit(), press(Qt::Key_Escape), press(Qt::Key_Escape); }, "xka", false},
         };
         for (const Row& row : rows) {
             Desktop desktop;
