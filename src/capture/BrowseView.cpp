@@ -11,7 +11,15 @@
 
 #include <QStackedLayout>
 
+#include <algorithm>
+
 namespace flitmark {
+
+namespace {
+
+constexpr int sideMargin = 16;
+
+} // namespace
 
 BrowseView::BrowseView(BrowseModel& model)
     : m_model(model)
@@ -20,7 +28,7 @@ BrowseView::BrowseView(BrowseModel& model)
     , m_list(new BrowseList(model))
     , m_summary(new Label(QString(), TextRole::Caption))
 {
-    m_summary->setContentsMargins(16, 8, 16, 12);
+    setCornerReserve(0);
     m_body->addWidget(m_list);
     m_body->addWidget(makeEmptyView());
 
@@ -70,6 +78,11 @@ QWidget* BrowseView::makeEmptyView()
 void BrowseView::appeared()
 {
     m_model.refresh();
+}
+
+void BrowseView::setCornerReserve(int width)
+{
+    m_summary->setContentsMargins(sideMargin, 8, std::max(sideMargin, width + 8), 12);
 }
 
 void BrowseView::takeKeyboard()

@@ -7,6 +7,7 @@
 #include <capture/NotePanelView.h>
 #include <daily/tab/DailyTabView.h>
 #include <ui/IconButton.h>
+#include <ui/ReadingMargins.h>
 #include <ui/SegmentedTabs.h>
 
 #include <QApplication>
@@ -57,7 +58,7 @@ QWidget* NotePanelView::makeHeader()
 {
     auto* header = new QWidget;
     auto* row = new QHBoxLayout(header);
-    row->setContentsMargins(16, 12, 8, 12);
+    row->setContentsMargins(readingMargins(16, 12, 8, 12));
     row->setSpacing(0);
 
     m_tabs->add(tr("New"), QStringLiteral("plus.circle.fill"));
@@ -95,6 +96,7 @@ void NotePanelView::takeKeyboard()
 void NotePanelView::setCornerReserve(int width)
 {
     m_newTab->setCornerReserve(width);
+    m_browse->setCornerReserve(width);
     m_daily->setCornerReserve(width);
 }
 

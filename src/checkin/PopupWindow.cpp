@@ -6,6 +6,7 @@
 #include <ui/AccessibleRole.h>
 #include <ui/IconButton.h>
 #include <ui/Label.h>
+#include <ui/ReadingMargins.h>
 #include <ui/Surfaces.h>
 
 #include <QCoreApplication>
@@ -50,7 +51,7 @@ QWidget* PopupWindow::makeHead(const QString& heading)
 {
     auto* head = new QWidget(content());
     auto* row = new QHBoxLayout(head);
-    row->setContentsMargins(16, 12, 8, 8);
+    row->setContentsMargins(readingMargins(16, 12, 8, 8));
     row->setSpacing(8);
     auto* title = new Label(heading, TextRole::Heading);
     title->setElideMode(Qt::ElideRight);
