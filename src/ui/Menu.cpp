@@ -11,6 +11,7 @@
 #include <QMouseEvent>
 #include <QPainterPath>
 #include <QProxyStyle>
+#include <QStyleOption>
 
 namespace flitmark {
 
