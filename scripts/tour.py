@@ -52,7 +52,7 @@ class Tour(case.DesktopCase):
         self.wait_for_text(TEXT)
         self._picture("Flitmark", "panel-text")
         self.screen.key("ctrl+Return")
-        self.program.find("Saved", "label")
+        self.program.find("Saved", "notification")
         self._picture("Flitmark", "panel-saved")
         note = self.wait_for_note()
         print(f"\nThe note {note.relative_to(self.home.vault)} in the vault:\n\n{note.read_text()}\n")

@@ -139,14 +139,13 @@ void AppDelegate::connectTriggerView()
             });
 }
 
-void AppDelegate::showTriggerMenu(const QPoint& position)
+void AppDelegate::showTriggerMenu(const QPoint& position, Menu::OpenedBy openedBy)
 {
     auto* menu = new TriggerMenu(m_services.checkinWindowController, m_services.notificationCenter,
                                  m_services.windowManager, m_triggerWindow.get());
     connect(menu, &TriggerMenu::settingsChosen, this, &AppDelegate::showSettingsWindow);
-    // At once: everything is on disk already, so no window is asked whether it may close.
-    connect(menu, &TriggerMenu::quitChosen, this, [] { QCoreApplication::exit(0); });
-    menu->openAt(position);
+    connect(menu, &TriggerMenu::quitChosen, this, quit);
+    menu->openAt(position, openedBy);
 }
 
 void AppDelegate::setupNotePanel()
@@ -171,6 +170,9 @@ void AppDelegate::setupNotePanel()
     connect(m_panelWindow.get(), &FloatingWindow::closeAsked, this, &AppDelegate::hidePanel);
     connect(&m_panelWindow->view(), &NotePanelView::closeAsked, this, &AppDelegate::hidePanel);
     connect(&m_panelWindow->view(), &NotePanelView::settingsAsked, this, &AppDelegate::showSettingsWindow);
+    connect(&m_panelWindow->view(), &NotePanelView::menuAsked, &m_triggerWindow->view(),
+            &TriggerButtonView::askForMenu);
+    addQuitKey(*m_panelWindow);
     connect(m_panelModel.get(), &NotePanelModel::closeRequested, this, &AppDelegate::hidePanel);
 
     const NotificationCenter* center = &m_services.notificationCenter;
@@ -194,6 +196,7 @@ void AppDelegate::presentSetupWizard()
     m_setupWindow = std::make_unique<SetupWizardWindow>(m_services.configManager, m_services.directories,
                                                         m_services.dialogs, m_services.keyMonitor);
     connect(m_setupWindow.get(), &SetupWizardWindow::completed, this, &AppDelegate::finishSetupWizard);
+    addQuitKey(*m_setupWindow);
     m_setupWindow->showCentered();
 }
 

@@ -8,6 +8,7 @@
 #include <platform/AppAction.h>
 #include <platform/Directories.h>
 #include <ui/CompositionFilter.h>
+#include <ui/Menu.h>
 
 #include <QObject>
 #include <QPointF>
@@ -122,11 +123,16 @@ Q_SIGNALS:
     void isPanelVisibleChanged();
 
 private:
+    /// At once: everything is on disk already, so no window is asked whether it may close.
+    static void quit();
+
     void setupMainUI();
     void setupTriggerButton();
     void connectTriggerView();
     void setupNotePanel();
-    void showTriggerMenu(const QPoint& position);
+    void showTriggerMenu(const QPoint& position, Menu::OpenedBy openedBy);
+    /// Makes Ctrl+Q quit while `window` has the keyboard.
+    void addQuitKey(QWidget& window);
     void presentSetupWizard();
     void registerGlobalHotkey();
     void answerHotkey();

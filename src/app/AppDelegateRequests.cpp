@@ -19,6 +19,7 @@
 #include <ui/OrdinaryWindow.h>
 
 #include <QCoreApplication>
+#include <QShortcut>
 #include <QWindow>
 
 namespace flitmark {
@@ -63,7 +64,7 @@ void AppDelegate::perform(AppAction action, const QString& activationToken)
         return;
     case AppAction::Quit:
         // After the answer to whoever asked.
-        m_services.runLoop.async(this, [] { QCoreApplication::exit(0); });
+        m_services.runLoop.async(this, quit);
         return;
     default:
         break;
@@ -80,6 +81,17 @@ void AppDelegate::perform(AppAction action, const QString& activationToken)
     } else {
         showSettingsWindow();
     }
+}
+
+void AppDelegate::quit()
+{
+    QCoreApplication::exit(0);
+}
+
+void AppDelegate::addQuitKey(QWidget& window)
+{
+    auto* shortcut = new QShortcut(Qt::CTRL | Qt::Key_Q, &window);
+    connect(shortcut, &QShortcut::activated, this, quit);
 }
 
 void AppDelegate::promptForLaunchAtLoginIfNeeded()
@@ -125,6 +137,7 @@ void AppDelegate::showUpdateWindow()
     Updater& updater = m_services.updateController.updater();
     if (!m_updateWindow) {
         m_updateWindow = std::make_unique<UpdateWindow>(updater, m_services.workspace);
+        addQuitKey(*m_updateWindow);
     }
     // The user's own check is under way when it asks for attention, an automatic one has its result by then.
     const bool isFound = updater.state().status == Updater::Status::Available;
@@ -140,6 +153,7 @@ void AppDelegate::showHelpWindow()
     }
     m_helpWindow =
         new HelpWindow(m_services.configManager, {m_services.directories, m_services.keyMonitor, m_services.workspace});
+    addQuitKey(*m_helpWindow);
     m_helpWindow->showCentered();
 }
 
@@ -159,6 +173,7 @@ void AppDelegate::showSettingsWindow()
         // Its closing is the caller: it goes when that has returned.
         connect(m_settingsWindow.get(), &SettingsWindow::closed, this,
                 [this] { m_settingsWindow.release()->deleteLater(); });
+        addQuitKey(*m_settingsWindow);
     }
     m_settingsWindow->showCentered();
     if (m_isPanelVisible) {

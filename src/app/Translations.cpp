@@ -3,8 +3,8 @@
 
 #include <app/Translations.h>
 
-#include <QCoreApplication>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QStandardPaths>
@@ -78,6 +78,8 @@ void installTranslations()
     const QString found = QFileInfo(own->filePath()).baseName().section(u'_', 1);
     install(load(QStringLiteral("qtbase"), found, {QLibraryInfo::path(QLibraryInfo::TranslationsPath)}));
     install(std::move(own));
+    // Without Qt's own catalogue Qt would not know.
+    QGuiApplication::setLayoutDirection(QLocale(found).textDirection());
 }
 
 } // namespace flitmark

@@ -7,6 +7,7 @@
 #include <ui/Symbols.h>
 #include <ui/ThemeScope.h>
 
+#include <QAccessibleWidget>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyle>
@@ -76,6 +77,42 @@ QString panelDescription()
     return TriggerButtonView::tr("Shows or hides the note panel.");
 }
 
+/// Offers screen readers the menu, which Qt knows of only where a button has nothing else to do.
+class TriggerButtonInterface final : public QAccessibleWidget
+{
+public:
+    explicit TriggerButtonInterface(TriggerButtonView& view)
+        : QAccessibleWidget(&view, QAccessible::Button)
+        , m_view(view)
+    {
+    }
+
+    QAccessible::State state() const override
+    {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.hasPopup = true;
+        return state;
+    }
+    QStringList actionNames() const override { return {pressAction(), showMenuAction()}; }
+    void doAction(const QString& name) override
+    {
+        if (name == pressAction()) {
+            m_view.click();
+        } else if (name == showMenuAction()) {
+            m_view.askForMenu();
+        }
+    }
+
+private:
+    TriggerButtonView& m_view;
+};
+
+QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* object)
+{
+    auto* view = qobject_cast<TriggerButtonView*>(object);
+    return view != nullptr ? new TriggerButtonInterface(*view) : nullptr;
+}
+
 } // namespace
 
 TriggerButtonView::TriggerButtonView(RunLoop& runLoop, QWidget* parent)
@@ -83,6 +120,7 @@ TriggerButtonView::TriggerButtonView(RunLoop& runLoop, QWidget* parent)
     , m_runLoop(runLoop)
     , m_ring(runLoop, [this] { updateRing(); })
 {
+    QAccessible::installFactory(makeInterface);
     setFixedSize(side, side);
     setAttribute(Qt::WA_Hover);
     setAccessibleName(tr("Flitmark Button"));
@@ -231,7 +269,12 @@ void TriggerButtonView::mouseReleaseEvent(QMouseEvent* event)
 
 void TriggerButtonView::contextMenuEvent(QContextMenuEvent* event)
 {
-    Q_EMIT menuAsked(event->globalPos());
+    Q_EMIT menuAsked(event->globalPos(), Menu::OpenedBy::Pointer);
+}
+
+void TriggerButtonView::askForMenu()
+{
+    Q_EMIT menuAsked(mapToGlobal(rect().center()), Menu::OpenedBy::Keyboard);
 }
 
 void TriggerButtonView::enterEvent(QEnterEvent* event)

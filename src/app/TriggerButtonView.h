@@ -5,6 +5,7 @@
 
 #include <app/RingProgress.h>
 #include <app/TriggerDrag.h>
+#include <ui/Menu.h>
 
 #include <QPushButton>
 #include <QVariantAnimation>
@@ -39,6 +40,9 @@ public:
     /// The shape of what is drawn, for desktops that have no transparency.
     QRegion opaqueShape() const;
 
+    /// Asks for the menu without the pointer, as screen readers do.
+    void askForMenu();
+
 Q_SIGNALS:
     /// The button was clicked; not sent for the click that ends a drag.
     void toggled();
@@ -46,8 +50,8 @@ Q_SIGNALS:
     void draggedTo(const QPointF& topLeft);
     /// The ring came or went: `opaqueShape` is another one.
     void isTimerActiveChanged();
-    /// The menu is wanted, by pointer or by key, at this place on the screen.
-    void menuAsked(const QPoint& position);
+    /// The menu is wanted at this place on the screen.
+    void menuAsked(const QPoint& position, Menu::OpenedBy openedBy);
 
 protected:
     void paintEvent(QPaintEvent* event) override;

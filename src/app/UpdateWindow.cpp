@@ -3,6 +3,7 @@
 
 #include <app/UpdateWindow.h>
 #include <platform/Workspace.h>
+#include <ui/AccessibleRole.h>
 #include <ui/Button.h>
 #include <ui/Label.h>
 #include <ui/OrdinaryWindow.h>
@@ -74,6 +75,7 @@ UpdateWindow::UpdateWindow(Updater& updater, Workspace& workspace)
     , m_notes(new Label)
 {
     setWindowTitle(tr("Software Update"));
+    setAccessibleRole(*this, QAccessible::Window);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(margin, margin, margin, margin);
     column->setSpacing(8);

@@ -11,7 +11,15 @@
 
 #include <QStackedLayout>
 
+#include <algorithm>
+
 namespace flitmark {
+
+namespace {
+
+constexpr int sideMargin = 16;
+
+} // namespace
 
 BrowseView::BrowseView(BrowseModel& model)
     : m_model(model)
@@ -20,7 +28,7 @@ BrowseView::BrowseView(BrowseModel& model)
     , m_list(new BrowseList(model))
     , m_summary(new Label(QString(), TextRole::Caption))
 {
-    m_summary->setContentsMargins(16, 8, 16, 12);
+    setCornerReserve(0);
     m_body->addWidget(m_list);
     m_body->addWidget(makeEmptyView());
 
@@ -32,6 +40,8 @@ BrowseView::BrowseView(BrowseModel& model)
     layout->addLayout(m_body, 1);
     layout->addWidget(new Divider);
     layout->addWidget(m_summary);
+    // Read in the order in which it is seen.
+    m_summary->raise();
 
     connect(&model, &BrowseModel::browseItemsChanged, this, &BrowseView::showItems);
     showItems();
@@ -70,6 +80,11 @@ void BrowseView::appeared()
     m_model.refresh();
 }
 
+void BrowseView::setCornerReserve(int width)
+{
+    m_summary->setContentsMargins(sideMargin, 8, std::max(sideMargin, width + 8), 12);
+}
+
 void BrowseView::takeKeyboard()
 {
     if (m_model.browseItems().isEmpty()) {
@@ -82,11 +97,12 @@ void BrowseView::takeKeyboard()
 void BrowseView::showItems()
 {
     const bool hadKeyboard = m_list->hasFocus();
-    m_body->setCurrentIndex(m_model.browseItems().isEmpty() ? 1 : 0);
     m_summary->setText(m_model.summary());
+    // Before the list goes away, the keyboard moves on from it.
     if (hadKeyboard) {
         takeKeyboard();
     }
+    m_body->setCurrentIndex(m_model.browseItems().isEmpty() ? 1 : 0);
 }
 
 } // namespace flitmark

@@ -27,6 +27,8 @@ public:
     /// To be called when the tab is selected: lists the folder again.
     void appeared();
     void takeKeyboard();
+    /// Keeps the last `width` points at the right of the footer free of text; 0 keeps nothing free.
+    void setCornerReserve(int width);
 
 private:
     QWidget* makeHead();

@@ -7,8 +7,11 @@
 #include <capture/NotePanelView.h>
 #include <daily/tab/DailyTabView.h>
 #include <ui/IconButton.h>
+#include <ui/ReadingMargins.h>
 #include <ui/SegmentedTabs.h>
 
+#include <QApplication>
+#include <QContextMenuEvent>
 #include <QHBoxLayout>
 #include <QShortcut>
 #include <QStackedLayout>
@@ -44,6 +47,10 @@ NotePanelView::NotePanelView(const NotePanelModels& models, ConfigManager& confi
     connect(escape, &QShortcut::activated, this, &NotePanelView::closeAsked);
     auto* settings = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Comma), this);
     connect(settings, &QShortcut::activated, this, &NotePanelView::settingsAsked);
+    auto* menu = new QShortcut(QKeySequence(Qt::Key_F10), this);
+    connect(menu, &QShortcut::activated, this, &NotePanelView::menuAsked);
+    auto* contextMenu = new QShortcut(QKeySequence(Qt::SHIFT | Qt::Key_F10), this);
+    connect(contextMenu, &QShortcut::activated, this, &NotePanelView::askForContextMenu);
     showSelectedTab();
 }
 
@@ -51,7 +58,7 @@ QWidget* NotePanelView::makeHeader()
 {
     auto* header = new QWidget;
     auto* row = new QHBoxLayout(header);
-    row->setContentsMargins(16, 12, 8, 12);
+    row->setContentsMargins(readingMargins(16, 12, 8, 12));
     row->setSpacing(0);
 
     m_tabs->add(tr("New"), QStringLiteral("plus.circle.fill"));
@@ -89,7 +96,25 @@ void NotePanelView::takeKeyboard()
 void NotePanelView::setCornerReserve(int width)
 {
     m_newTab->setCornerReserve(width);
+    m_browse->setCornerReserve(width);
     m_daily->setCornerReserve(width);
+}
+
+/// Shift+F10 does what the Menu key does, which Qt knows alone: a text field has a menu of its own.
+void NotePanelView::askForContextMenu()
+{
+    if (QWidget* widget = QApplication::focusWidget()) {
+        const QPoint place = widget->inputMethodQuery(Qt::ImCursorRectangle).toRect().center();
+        QContextMenuEvent asked(QContextMenuEvent::Keyboard, place, widget->mapToGlobal(place));
+        QCoreApplication::sendEvent(widget, &asked);
+    }
+}
+
+void NotePanelView::contextMenuEvent(QContextMenuEvent* event)
+{
+    if (event->reason() == QContextMenuEvent::Keyboard) {
+        Q_EMIT menuAsked();
+    }
 }
 
 void NotePanelView::showSelectedTab()

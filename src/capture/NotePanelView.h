@@ -48,9 +48,15 @@ Q_SIGNALS:
     /// The user wants the panel away.
     void closeAsked();
     void settingsAsked();
+    /// The button's menu is wanted.
+    void menuAsked();
+
+protected:
+    void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
     QWidget* makeHeader();
+    void askForContextMenu();
     void showSelectedTab();
 
     NotePanelModel& m_model;

@@ -3,8 +3,10 @@
 
 #include <checkin/PopupWindow.h>
 #include <platform/WindowManager.h>
+#include <ui/AccessibleRole.h>
 #include <ui/IconButton.h>
 #include <ui/Label.h>
+#include <ui/ReadingMargins.h>
 #include <ui/Surfaces.h>
 
 #include <QCoreApplication>
@@ -25,18 +27,23 @@ PopupWindow::PopupWindow(WindowManager& windowManager, RunLoop& runLoop, const T
     : FloatingWindow(windowManager, Resizing::Fixed)
     , m_windowManager(windowManager)
     , m_runLoop(runLoop)
+    , m_body(body)
 {
     setWindowTitle(texts.windowTitle);
+    setAccessibleRole(*this, QAccessible::Dialog);
     // The body comes first, so that the first Tab leads to its first control and the close button is the last one.
     body->setParent(content());
     auto* column = new QVBoxLayout(content());
     column->setContentsMargins({});
     column->setSpacing(0);
-    column->addWidget(makeHead(texts.heading));
+    QWidget* head = makeHead(texts.heading);
+    column->addWidget(head);
     column->addWidget(body);
     column->addSpacing(8);
     column->addWidget(new Divider);
     column->addWidget(makeFoot());
+    // Read in the order in which it is seen.
+    head->lower();
     connect(this, &FloatingWindow::closeAsked, this, &PopupWindow::dismissed);
 }
 
@@ -44,7 +51,7 @@ QWidget* PopupWindow::makeHead(const QString& heading)
 {
     auto* head = new QWidget(content());
     auto* row = new QHBoxLayout(head);
-    row->setContentsMargins(16, 12, 8, 8);
+    row->setContentsMargins(readingMargins(16, 12, 8, 8));
     row->setSpacing(8);
     auto* title = new Label(heading, TextRole::Heading);
     title->setElideMode(Qt::ElideRight);
@@ -99,9 +106,22 @@ void PopupWindow::makeKeyAndOrderFront()
         ignoreKeysForAMoment();
     }
     fit();
+    setAccessibleDescription(question());
     makeKey();
     // No act of the user asks for this window, and desktops refuse the keyboard to such a window unless told so.
     m_windowManager.activate(winId());
+}
+
+/// What the body says above its answers.
+QString PopupWindow::question() const
+{
+    QStringList texts;
+    for (const Label* label : m_body->findChildren<Label*>()) {
+        if (label->isVisibleTo(this)) {
+            texts.append(label->text());
+        }
+    }
+    return texts.join(u' ');
 }
 
 void PopupWindow::ignoreKeysForAMoment()

@@ -59,12 +59,14 @@ private:
     QWidget* makeHead(const QString& heading);
     QWidget* makeFoot();
     void fit();
+    QString question() const;
     void ignoreKeysForAMoment();
     void showTime();
     bool isSwallowed(const QEvent& event) const;
 
     WindowManager& m_windowManager;
     RunLoop& m_runLoop;
+    QWidget* m_body;
     Badge* m_badge = nullptr;
     Label* m_time = nullptr;
     std::unique_ptr<RunLoop::Timer> m_deafness;

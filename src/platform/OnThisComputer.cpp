@@ -56,9 +56,8 @@ QString systems()
 
 QString keys()
 {
-    return line(
-        Texts::tr("⌘ is the Ctrl key, ⌥ and Option are the Alt key. Ctrl+Return saves a note. No permission has to "
-                  "be granted."));
+    return line(Texts::tr("⌘ is the Ctrl key, ⌥ and Option are the Alt key. Ctrl+Return saves a note, F10 opens the "
+                          "button's menu from the panel. No permission has to be granted."));
 }
 
 QString configFile(const Directories& directories)

@@ -4,6 +4,7 @@
 #include <platform/OnThisComputer.h>
 #include <settings/AppSection.h>
 #include <settings/SwitchRow.h>
+#include <ui/AccessibleRole.h>
 #include <ui/Button.h>
 #include <ui/Label.h>
 #include <ui/Switch.h>
@@ -36,6 +37,7 @@ SwitchRow* AppSection::makeLoginRow()
     Label* status = row->addLine();
     Label* error = row->addLine();
     error->setColor(&Theme::red);
+    setAccessibleRole(*error, QAccessible::Notification);
     follow([this, row, status, error] {
         row->toggle()->setChecked(model().launchAtLogin());
         status->setText(tr("Status: %1").arg(model().loginStatusText()));

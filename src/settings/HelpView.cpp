@@ -6,6 +6,7 @@
 #include <ui/Button.h>
 #include <ui/Label.h>
 #include <ui/ListRow.h>
+#include <ui/ReadingMargins.h>
 #include <ui/ScrollArea.h>
 #include <ui/Surfaces.h>
 #include <ui/ThemeScope.h>
@@ -78,7 +79,7 @@ HelpView::HelpView(const HelpServices& services, Corners corners, QWidget* paren
 QLayout* HelpView::makeHeader() const
 {
     auto* row = new QHBoxLayout;
-    row->setContentsMargins(16, 8, 24, 8);
+    row->setContentsMargins(readingMargins(16, 8, 24, 8));
     row->setSpacing(12);
     row->addWidget(new SymbolView(QStringLiteral("questionmark.circle.fill"), 20));
     auto* title = new Label(tr("Flitmark Help"), TextRole::Title);

@@ -4,6 +4,7 @@
 #include <config/ConfigManager.h>
 #include <settings/HelpView.h>
 #include <settings/HelpWindow.h>
+#include <ui/AccessibleRole.h>
 #include <ui/Fonts.h>
 #include <ui/OrdinaryWindow.h>
 #include <ui/ThemeScope.h>
@@ -32,6 +33,7 @@ HelpWindow::HelpWindow(ConfigManager& configManager, const HelpServices& service
     , m_configManager(configManager)
 {
     setWindowTitle(tr("Flitmark Help"));
+    setAccessibleRole(*this, QAccessible::Window);
     setAttribute(Qt::WA_DeleteOnClose);
     wearScheme();
     connect(&configManager, &ConfigManager::configChanged, this, &HelpWindow::wearScheme);

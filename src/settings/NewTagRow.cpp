@@ -5,6 +5,7 @@
 #include <settings/QuickTagEditor.h>
 #include <ui/IconButton.h>
 #include <ui/Label.h>
+#include <ui/ReadingMargins.h>
 #include <ui/Surfaces.h>
 #include <ui/TextField.h>
 
@@ -23,7 +24,7 @@ NewTagRow::NewTagRow(QuickTagEditor& editor)
     outer->setContentsMargins({});
     outer->addWidget(card);
     auto* column = new QVBoxLayout(card);
-    column->setContentsMargins(16, 12, 8, 12);
+    column->setContentsMargins(readingMargins(16, 12, 8, 12));
     column->setSpacing(8);
     auto* caption = new Label(tr("Enter an emoji/icon and the text to append when selected"), TextRole::Caption);
     caption->setWordWrap(true);

@@ -7,6 +7,7 @@
 #include <ui/IconButton.h>
 #include <ui/Label.h>
 #include <ui/Painting.h>
+#include <ui/ReadingMargins.h>
 #include <ui/Surfaces.h>
 #include <ui/TextField.h>
 #include <ui/ThemeScope.h>
@@ -51,7 +52,7 @@ QWidget* QuickTagRow::makeDisplay()
     m_edit = makeButton(tr("Edit"), QStringLiteral("pencil"), 18);
     m_delete = makeButton(tr("Delete"), QStringLiteral("trash"));
     auto* row = new QHBoxLayout(display);
-    row->setContentsMargins(16 + iconWidth(), 0, 8, 0);
+    row->setContentsMargins(readingMargins(16 + iconWidth(), 0, 8, 0));
     row->setSpacing(0);
     row->addWidget(m_text, 1);
     row->addWidget(m_badge);
@@ -168,7 +169,7 @@ void QuickTagRow::paintEvent(QPaintEvent* /*event*/)
     }
     QPainter painter(this);
     const QRectF place(12, 0, iconWidth() - 4, height());
-    painter.setClipRect(place);
+    painter.setClipRect(painting::inReadingDirection(painter, place));
     painting::drawIconText(painter, place, m_tag.icon, iconPoints, ThemeScope::of(*this).text);
 }
 

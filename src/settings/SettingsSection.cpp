@@ -3,6 +3,7 @@
 
 #include <settings/SettingsSection.h>
 #include <settings/SwitchRow.h>
+#include <ui/AccessibleRole.h>
 #include <ui/Label.h>
 #include <ui/SegmentedTabs.h>
 #include <ui/Surfaces.h>
@@ -11,6 +12,7 @@
 
 #include <QSignalBlocker>
 
+#include <algorithm>
 #include <limits>
 
 namespace flitmark {
@@ -76,6 +78,7 @@ Label* SettingsSection::addWarning(int space)
     parts->setContentsMargins(0, space, 0, 0);
     parts->setSpacing(4);
     auto* label = new Label({}, TextRole::Caption);
+    setAccessibleRole(*label, QAccessible::Notification);
     label->setColor(&Theme::text);
     label->setWordWrap(true);
     parts->addWidget(new SymbolView(QStringLiteral("exclamationmark.triangle.fill"), 16, &Theme::orange), 0,
@@ -116,11 +119,12 @@ SegmentedTabs* SettingsSection::addChoices(const QList<Choice>& choices, QString
     add(row, 0);
     follow([this, row, choices, field] {
         const QSignalBlocker blocker(row);
-        row->clearCurrent();
-        for (qsizetype index = 0; index < choices.size(); ++index) {
-            if (choices[index].value == m_model.state().*field) {
-                row->setCurrentIndex(static_cast<int>(index));
-            }
+        const auto isChosen = [this, field](const Choice& choice) { return choice.value == m_model.state().*field; };
+        const auto chosen = std::find_if(choices.begin(), choices.end(), isChosen);
+        if (chosen == choices.end()) {
+            row->clearCurrent();
+        } else {
+            row->setCurrentIndex(static_cast<int>(chosen - choices.begin()));
         }
     });
     connect(row, &SegmentedTabs::currentChanged, this,

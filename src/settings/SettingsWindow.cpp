@@ -5,6 +5,7 @@
 #include <settings/HelpSheet.h>
 #include <settings/SettingsView.h>
 #include <settings/SettingsWindow.h>
+#include <ui/AccessibleRole.h>
 #include <ui/OrdinaryWindow.h>
 
 #include <QCloseEvent>
@@ -23,6 +24,7 @@ SettingsWindow::SettingsWindow(const SettingsModel::Services& services, Dialogs&
     , m_model(services)
 {
     setWindowTitle(tr("Flitmark Settings"));
+    setAccessibleRole(*this, QAccessible::Window);
     auto* view = new SettingsView(m_model, dialogs, help.keyMonitor, services.configManager.config().colorPalette);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});

@@ -3,6 +3,7 @@
 
 #include <settings/SwitchRow.h>
 #include <ui/Label.h>
+#include <ui/ReadingMargins.h>
 #include <ui/Switch.h>
 
 #include <QHBoxLayout>
@@ -24,7 +25,7 @@ SwitchRow::SwitchRow(const QString& text, const QString& caption)
         m_switch->setAccessibleDescription(caption);
     }
     auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(16, 0, 16 - Switch::ringRoom, 0);
+    row->setContentsMargins(readingMargins(16, 0, 16 - Switch::ringRoom, 0));
     row->setSpacing(16 - Switch::ringRoom);
     row->addLayout(m_lines, 1);
     auto* place = new QVBoxLayout;

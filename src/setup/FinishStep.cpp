@@ -3,6 +3,7 @@
 
 #include <setup/FinishStep.h>
 #include <setup/SetupWizardModel.h>
+#include <ui/AccessibleRole.h>
 #include <ui/Label.h>
 #include <ui/Surfaces.h>
 
@@ -16,7 +17,8 @@ FinishStep::FinishStep(const SetupWizardModel& model, const QString& localHotkey
     auto* symbol = new SymbolView(QStringLiteral("checkmark.circle.fill"), 56, &Theme::line);
     symbol->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     add(symbol, 12);
-    addText(tr("You're All Set!"), TextRole::Display, &Theme::text, 12, Placement::Centre);
+    Label* title = addText(tr("You're All Set!"), TextRole::Display, &Theme::text, 12, Placement::Centre);
+    setAccessibleRole(*title, QAccessible::Notification);
     constexpr int narrow = 90;
     addText(tr("Click the purple button on your desktop or press ⌥N to capture a note!"), TextRole::Body, &Theme::text2,
             4, Placement::Centre, narrow);

@@ -6,6 +6,7 @@
 #include <ui/IconButton.h>
 #include <ui/Label.h>
 #include <ui/Painting.h>
+#include <ui/ReadingMargins.h>
 #include <ui/Surfaces.h>
 #include <ui/TextField.h>
 #include <ui/ThemeScope.h>
@@ -30,7 +31,7 @@ public:
         auto* text = new Label(tag.appendText);
         text->setElideMode(Qt::ElideRight);
         auto* row = new QHBoxLayout(this);
-        row->setContentsMargins(16 + iconWidth(), 8, 8, 8);
+        row->setContentsMargins(readingMargins(16 + iconWidth(), 8, 8, 8));
         row->setSpacing(0);
         row->addWidget(text, 1);
         row->addWidget(m_badge);
@@ -84,7 +85,7 @@ QuickTagsStep::QuickTagsStep(SetupWizardModel& model, QWidget* parent)
     : StepColumn(parent)
     , m_model(model)
 {
-    addText(tr("Configure Quick Tags"), TextRole::Title, &Theme::text, 0);
+    addTitle(tr("Configure Quick Tags"));
     addText(tr("Quick tags are your note categories. Add your own tags and star the ones you want selected by "
                "default."),
             TextRole::Body, &Theme::text2, 4);

@@ -6,6 +6,7 @@
 #include <platform/OnThisComputer.h>
 #include <setup/SetupWizardView.h>
 #include <setup/SetupWizardWindow.h>
+#include <ui/AccessibleRole.h>
 #include <ui/OrdinaryWindow.h>
 
 #include <QVBoxLayout>
@@ -18,6 +19,7 @@ SetupWizardWindow::SetupWizardWindow(ConfigManager& configManager, const Directo
     , m_model(configManager, directories)
 {
     setWindowTitle(tr("Flitmark Setup"));
+    setAccessibleRole(*this, QAccessible::Window);
     auto* view = new SetupWizardView(m_model, dialogs, configManager.config().colorPalette, this);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});

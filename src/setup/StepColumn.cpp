@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include <setup/StepColumn.h>
+#include <ui/AccessibleRole.h>
 #include <ui/Label.h>
 
 namespace flitmark {
@@ -28,6 +29,11 @@ void StepColumn::add(QLayout* row, int space, int inset)
     }
     row->setContentsMargins(inset, 0, inset, 0);
     m_column->addLayout(row);
+}
+
+void StepColumn::addTitle(const QString& title)
+{
+    setAccessibleRole(*addText(title, TextRole::Title, &Theme::text, 0), QAccessible::Notification);
 }
 
 Label* StepColumn::addText(const QString& text, TextRole role, ColorToken color, int space, Placement placement,

@@ -35,6 +35,8 @@ protected:
     void add(QWidget* widget, int space, int inset = sideMargin);
     /// Adds `row` likewise.
     void add(QLayout* row, int space, int inset = sideMargin);
+    /// Begins with the step's title. It is read out, because the keyboard may stay on the button that led here.
+    void addTitle(const QString& title);
     /// Adds a text that wraps.
     Label* addText(const QString& text, TextRole role, ColorToken color, int space,
                    Placement placement = Placement::Left, int inset = sideMargin);

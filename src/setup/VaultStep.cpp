@@ -4,6 +4,7 @@
 #include <platform/Dialogs.h>
 #include <setup/SetupWizardModel.h>
 #include <setup/VaultStep.h>
+#include <ui/AccessibleRole.h>
 #include <ui/Button.h>
 #include <ui/CheckBox.h>
 #include <ui/Label.h>
@@ -32,7 +33,7 @@ VaultStep::VaultStep(SetupWizardModel& model, Dialogs& dialogs, QWidget* parent)
     , m_model(model)
     , m_dialogs(dialogs)
 {
-    addText(tr("Select Your Obsidian Vault"), TextRole::Title, &Theme::text, 0);
+    addTitle(tr("Select Your Obsidian Vault"));
     addVaults();
     addCustomPath();
     addSubfolder();
@@ -120,6 +121,7 @@ void VaultStep::addCustomPath()
     problem->setSpacing(4);
     auto* symbol = new SymbolView(QStringLiteral("exclamationmark.triangle.fill"), 16, &Theme::orange);
     m_problem = new Label({}, TextRole::Caption);
+    setAccessibleRole(*m_problem, QAccessible::Notification);
     m_problem->setWordWrap(true);
     problem->addWidget(symbol, 0, Qt::AlignTop);
     problem->addWidget(m_problem, 1);

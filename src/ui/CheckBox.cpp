@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Flitmark authors
 // SPDX-License-Identifier: MIT
 
+#include <ui/AccessibleRole.h>
 #include <ui/CheckBox.h>
 #include <ui/Painting.h>
 #include <ui/Symbols.h>
@@ -24,6 +25,7 @@ CheckBox::CheckBox(const QString& text, QWidget* parent)
     : QCheckBox(parent)
     , m_state(*new ControlState(*this))
 {
+    setAccessibleRole(*this, QAccessible::CheckBox);
     setPlainText(*this, text);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }

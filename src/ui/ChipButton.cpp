@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Flitmark authors
 // SPDX-License-Identifier: MIT
 
+#include <ui/AccessibleRole.h>
 #include <ui/ChipButton.h>
 #include <ui/Painting.h>
 #include <ui/ThemeScope.h>
@@ -22,6 +23,7 @@ ChipButton::ChipButton(const QString& icon, const QString& name, QWidget* parent
     , m_selection([this] { update(); })
     , m_icon(icon)
 {
+    setAccessibleRole(*this, QAccessible::CheckBox);
     setCheckable(true);
     setToolTip(name);
     setAccessibleName(name);

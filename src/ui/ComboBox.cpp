@@ -115,6 +115,12 @@ ComboBox::ComboBox(const QString& name, QWidget* parent)
     }();
     Q_UNUSED(isInstalled)
     setAccessibleName(name);
+    view()->setAccessibleName(name);
+    connect(this, &QComboBox::currentTextChanged, this, [this] {
+        // What Qt says of a new choice, a new value, screen readers expect of numbers alone.
+        QAccessibleEvent chosen(this, QAccessible::DescriptionChanged);
+        QAccessible::updateAccessibility(&chosen);
+    });
     setItemDelegate(new RowDelegate(*this));
     setMaxVisibleItems(12);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);

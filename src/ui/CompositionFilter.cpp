@@ -11,12 +11,42 @@
 
 namespace flitmark {
 
+namespace {
+
+bool isPlain(const QKeyEvent& key)
+{
+    return (key.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+}
+
+bool isEscape(const QKeyEvent& key)
+{
+    return isPlain(key) && key.key() == Qt::Key_Escape;
+}
+
+} // namespace
+
 bool CompositionFilter::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::InputMethod) {
-        m_composed = static_cast<const QInputMethodEvent*>(event)->preeditString();
-        m_field = m_composed.isEmpty() ? nullptr : watched;
+        const auto& input = static_cast<const QInputMethodEvent&>(*event);
+        if (isRepeated(input)) {
+            return true;
+        }
+        m_field = input.preeditString().isEmpty() ? nullptr : watched;
+        // Some take the composition away before they commit it.
+        if (m_field != nullptr || !input.commitString().isEmpty()) {
+            m_composed = input.preeditString();
+        }
         return false;
+    }
+    if (event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyRelease) {
+        // Nothing came since the composition ended: this key has ended it.
+        m_isEscapeSpent = !m_ended.isEmpty() && isEscape(static_cast<const QKeyEvent&>(*event));
+        m_ended.clear();
+    }
+    if (m_isEscapeSpent && (event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyPress)) {
+        event->accept();
+        return true;
     }
     if (m_field.isNull()) {
         return false;
@@ -40,23 +70,38 @@ bool CompositionFilter::eventFilter(QObject* watched, QEvent* event)
     }
 }
 
+/// What Qt has taken over it also tells IBus to forget, which many of its engines answer by handing in the same text
+/// once more, before any other key arrives.
+bool CompositionFilter::isRepeated(const QInputMethodEvent& input)
+{
+    if (!input.preeditString().isEmpty()) {
+        m_ended.clear();
+        return false;
+    }
+    if (input.commitString().isEmpty()) {
+        return false;
+    }
+    const bool isRepeated = input.commitString() == m_ended;
+    m_ended = !isRepeated && input.commitString() == m_composed ? m_composed : QString();
+    return isRepeated;
+}
+
 bool CompositionFilter::filterKey(const QKeyEvent& key, QEvent& event)
 {
-    const bool isPlain = (key.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
-    const bool isEscape = isPlain && key.key() == Qt::Key_Escape;
-    const bool isReturn = isPlain && (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter);
-    if (isEscape || isReturn) {
+    const bool isReturn = isPlain(key) && (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter);
+    if (isEscape(key) || isReturn) {
         if (event.type() == QEvent::ShortcutOverride) {
             // No shortcut: it comes back as a key.
             event.accept();
-        } else if (isEscape) {
+        } else if (isEscape(key)) {
             giveUp();
         } else {
             takeOver();
         }
         return true;
     }
-    if (key.modifiers().testFlag(Qt::ControlModifier)) {
+    // Ctrl alone may be the beginning of a key of the input method's own.
+    if (key.modifiers().testFlag(Qt::ControlModifier) && key.key() != Qt::Key_Control) {
         takeOver();
     }
     return false;
@@ -74,10 +119,12 @@ void CompositionFilter::takeOver()
 
 void CompositionFilter::giveUp()
 {
+    const QString composed = m_composed;
     QGuiApplication::inputMethod()->reset();
     if (!m_field.isNull()) {
         replaceBy({});
     }
+    m_ended = composed;
 }
 
 void CompositionFilter::replaceBy(const QString& text)

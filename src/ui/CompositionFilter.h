@@ -6,6 +6,7 @@
 #include <QObject>
 #include <QPointer>
 
+class QInputMethodEvent;
 class QKeyEvent;
 
 namespace flitmark {
@@ -21,6 +22,7 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    bool isRepeated(const QInputMethodEvent& input);
     bool filterKey(const QKeyEvent& key, QEvent& event);
     void takeOver();
     void giveUp();
@@ -29,7 +31,12 @@ private:
 
     /// The field in which a text is composed; null while none is.
     QPointer<QObject> m_field;
+    /// What is composed in it, or was last.
     QString m_composed;
+    /// What was composed and is committed, until something else is entered.
+    QString m_ended;
+    /// The Escape that is pressed now was for an input method that committed its composition by it and handed it on.
+    bool m_isEscapeSpent = false;
 };
 
 } // namespace flitmark

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Flitmark authors
 // SPDX-License-Identifier: MIT
 
+#include <ui/AccessibleRole.h>
 #include <ui/FloatingWindow.h>
 #include <ui/Shadow.h>
 #include <ui/ThemeScope.h>
@@ -77,6 +78,7 @@ FloatingWindow::FloatingWindow(WindowManager& windowManager, Resizing resizing)
 {
     setAttribute(Qt::WA_TranslucentBackground);
     setAttribute(Qt::WA_QuitOnClose, false);
+    setAccessibleRole(*this, QAccessible::Window);
     if (resizing == Resizing::ByEdges) {
         // Edges first, so that the corners lie above them.
         for (const Qt::Edges edges : std::initializer_list<Qt::Edges>{

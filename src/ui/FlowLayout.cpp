@@ -3,6 +3,9 @@
 
 #include <ui/FlowLayout.h>
 
+#include <QStyle>
+#include <QWidget>
+
 #include <algorithm>
 
 namespace flitmark {
@@ -54,7 +57,7 @@ int FlowLayout::layOut(const QRect& rect, Mode mode) const
             rowHeight = 0;
         }
         if (mode == Mode::Place) {
-            item->setGeometry(QRect(at, size));
+            item->setGeometry(QStyle::visualRect(parentWidget()->layoutDirection(), rect, QRect(at, size)));
         }
         at.rx() += size.width() + spacing();
         rowHeight = std::max(rowHeight, size.height());

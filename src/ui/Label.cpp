@@ -8,6 +8,7 @@
 #include <QFontMetricsF>
 #include <QHash>
 #include <QHelpEvent>
+#include <QStyle>
 #include <QTextLayout>
 #include <QToolTip>
 
@@ -202,7 +203,8 @@ void Label::paintEvent(QPaintEvent* /*event*/)
     const QFontMetricsF metrics(layout.font);
     const double row = rowHeight(m_role);
     double top = area.top();
-    if (alignment().testFlag(Qt::AlignVCenter)) {
+    const Qt::Alignment alignment = QStyle::visualAlignment(layoutDirection(), this->alignment());
+    if (alignment.testFlag(Qt::AlignVCenter)) {
         top += std::max(0.0, (area.height() - layout.lineCount() * row) / 2);
     }
 
@@ -213,9 +215,9 @@ void Label::paintEvent(QPaintEvent* /*event*/)
     for (int i = 0; i < layout.lines.lineCount(); ++i) {
         const QTextLine line = layout.lines.lineAt(i);
         double left = area.left();
-        if (alignment().testFlag(Qt::AlignHCenter)) {
+        if (alignment.testFlag(Qt::AlignHCenter)) {
             left += (area.width() - line.naturalTextWidth()) / 2;
-        } else if (alignment().testFlag(Qt::AlignRight)) {
+        } else if (alignment.testFlag(Qt::AlignRight)) {
             left += area.width() - line.naturalTextWidth();
         }
         const double baseline = top + (row + metrics.ascent() - metrics.descent()) / 2;

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Flitmark authors
 // SPDX-License-Identifier: MIT
 
+#include <ui/AccessibleRole.h>
 #include <ui/ListRow.h>
 #include <ui/Painting.h>
 
@@ -22,6 +23,7 @@ ListRow::ListRow(const RowContent& content, QWidget* parent)
     , m_state(*new ControlState(*this))
     , m_content(content)
 {
+    setAccessibleRole(*this, QAccessible::RadioButton);
     describe(*this, content);
     setChecked(content.isSelected);
 }

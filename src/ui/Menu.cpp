@@ -11,6 +11,7 @@
 #include <QMouseEvent>
 #include <QPainterPath>
 #include <QProxyStyle>
+#include <QStyleOption>
 
 namespace flitmark {
 
@@ -22,8 +23,6 @@ constexpr double itemPadding = 12;
 constexpr int itemHeight = 32;
 constexpr int separatorHeight = 9;
 constexpr double separatorInset = 8;
-
-constexpr const char* keysProperty = "keys";
 
 } // namespace
 
@@ -79,19 +78,24 @@ Menu::Menu(WindowManager& windowManager, QWidget* parent)
     setStyle(style);
 }
 
-QAction* Menu::addItem(const QString& text, const QString& keys)
+QAction* Menu::addItem(const QString& text, const QKeySequence& keys)
 {
     QAction* action = addAction(text);
-    action->setProperty(keysProperty, keys);
+    action->setShortcut(keys);
+    // Painted here: QMenu would widen the menu for it.
+    action->setShortcutVisibleInContextMenu(false);
     return action;
 }
 
-void Menu::openAt(const QPoint& position)
+void Menu::openAt(const QPoint& position, OpenedBy openedBy)
 {
     connect(this, &QMenu::aboutToHide, this, &QObject::deleteLater);
     popup(position - QPoint(m_margin, m_margin));
     QAccessibleEvent opened(this, QAccessible::ObjectCreated);
     QAccessible::updateAccessibility(&opened);
+    if (openedBy == OpenedBy::Keyboard) {
+        setActiveAction(actions().value(0));
+    }
 }
 
 void Menu::resizeEvent(QResizeEvent* event)
@@ -149,7 +153,8 @@ void Menu::paintItem(QPainter& painter, const QAction& action, const QRectF& rec
     const QRectF texts = rect.adjusted(itemPadding, 0, -itemPadding, 0);
     const QFont font = fontOf(TextRole::Body);
     painting::drawLine(painter, texts, action.text(), font, action.isEnabled() ? theme.text : theme.off);
-    painting::drawLine(painter, texts, action.property(keysProperty).toString(), font, theme.text2, Qt::AlignRight);
+    painting::drawLine(painter, texts, action.shortcut().toString(QKeySequence::NativeText), font, theme.text2,
+                       Qt::AlignRight);
 }
 
 } // namespace flitmark

@@ -21,12 +21,13 @@ public:
     Menu(WindowManager& windowManager, QWidget* parent);
     Q_DISABLE_COPY_MOVE(Menu)
 
-    /// `keys` are shown at the item's right; they do nothing by themselves.
-    QAction* addItem(const QString& text, const QString& keys = {});
+    /// `keys` are shown at the item's right and told to screen readers; they do nothing by themselves.
+    QAction* addItem(const QString& text, const QKeySequence& keys = {});
 
+    enum class OpenedBy { Pointer, Keyboard };
     /// Opens the menu with the corner of its frame at `position`, or as near as the screen allows, and destroys it when
-    /// it is closed.
-    void openAt(const QPoint& position);
+    /// it is closed. Without the pointer one begins at the first item.
+    void openAt(const QPoint& position, OpenedBy openedBy);
 
 protected:
     void paintEvent(QPaintEvent* event) override;

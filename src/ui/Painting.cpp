@@ -7,7 +7,9 @@
 #include <QCache>
 #include <QFontMetricsF>
 #include <QPixmapCache>
+#include <QStyle>
 #include <QTextLayout>
+#include <QWidget>
 
 #include <algorithm>
 #include <cmath>
@@ -65,6 +67,20 @@ QPixmap iconPicture(const QString& icon, int pixelSize, const QColor& color, dou
 
 } // namespace
 
+Qt::LayoutDirection painting::directionOf(const QPainter& painter)
+{
+    const auto* widget = dynamic_cast<const QWidget*>(painter.device());
+    return widget != nullptr ? widget->layoutDirection() : Qt::LeftToRight;
+}
+
+QRectF painting::inReadingDirection(const QPainter& painter, const QRectF& rect)
+{
+    if (directionOf(painter) == Qt::LeftToRight) {
+        return rect;
+    }
+    return rect.translated(painter.device()->width() - rect.right() - rect.left(), 0);
+}
+
 void painting::fillRounded(QPainter& painter, const QRectF& rect, double radius, const QColor& color)
 {
     if (color.alpha() == 0) {
@@ -73,7 +89,7 @@ void painting::fillRounded(QPainter& painter, const QRectF& rect, double radius,
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(color);
-    painter.drawRoundedRect(rect, radius, radius);
+    painter.drawRoundedRect(inReadingDirection(painter, rect), radius, radius);
 }
 
 void painting::strokeRounded(QPainter& painter, const QRectF& rect, double radius, double width, const QColor& color)
@@ -82,7 +98,8 @@ void painting::strokeRounded(QPainter& painter, const QRectF& rect, double radiu
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(color, width));
     painter.setBrush(Qt::NoBrush);
-    painter.drawRoundedRect(rect.adjusted(inset, inset, -inset, -inset), radius - inset, radius - inset);
+    painter.drawRoundedRect(inReadingDirection(painter, rect).adjusted(inset, inset, -inset, -inset), radius - inset,
+                            radius - inset);
 }
 
 QColor painting::stateLayer(const Theme& theme, double level)
@@ -115,15 +132,17 @@ void painting::drawLine(QPainter& painter, const QRectF& rect, const QString& te
 {
     QTextLayout layout(text, font);
     const QTextLine line = layOut(layout, style);
-    double left = rect.left();
+    const QRectF area = inReadingDirection(painter, rect);
+    alignment = QStyle::visualAlignment(directionOf(painter), alignment);
+    double left = area.left();
     if (alignment.testFlag(Qt::AlignHCenter)) {
-        left = rect.center().x() - line.naturalTextWidth() / 2;
+        left = area.center().x() - line.naturalTextWidth() / 2;
     } else if (alignment.testFlag(Qt::AlignRight)) {
-        left = rect.right() - line.naturalTextWidth();
+        left = area.right() - line.naturalTextWidth();
     }
     // The text's own font settles the baseline, so that an emoji beside it moves nothing.
     const QFontMetricsF metrics(font);
-    const double baseline = rect.center().y() + (metrics.ascent() - metrics.descent()) / 2;
+    const double baseline = area.center().y() + (metrics.ascent() - metrics.descent()) / 2;
     painter.setPen(color);
     line.draw(&painter, QPointF(left, baseline - line.ascent()));
 }
@@ -133,8 +152,9 @@ void painting::drawIconText(QPainter& painter, const QRectF& rect, const QString
     const double scale = painter.device()->devicePixelRatioF();
     const QPixmap picture = iconPicture(icon, scaled(points), color, scale);
     const QSizeF size = picture.size() / scale;
-    painter.drawPixmap(QPointF(std::round((rect.center().x() - size.width() / 2) * scale) / scale,
-                               std::round((rect.center().y() - size.height() / 2) * scale) / scale),
+    const QPointF centre = inReadingDirection(painter, rect).center();
+    painter.drawPixmap(QPointF(std::round((centre.x() - size.width() / 2) * scale) / scale,
+                               std::round((centre.y() - size.height() / 2) * scale) / scale),
                        picture);
 }
 

@@ -20,6 +20,12 @@ constexpr double cardRadius = 12;
 constexpr double focusWidth = 2;
 constexpr double disabledOpacity = 0.4;
 
+/// The direction of reading of the widget that is painted. A picture has none: it is mirrored where it is put into one.
+Qt::LayoutDirection directionOf(const QPainter& painter);
+/// Where `rect` stands in a widget in the user's direction of reading. All that is painted by the operations here and
+/// by `Symbols` is laid out from left to right and moved by this to where it belongs.
+QRectF inReadingDirection(const QPainter& painter, const QRectF& rect);
+
 void fillRounded(QPainter& painter, const QRectF& rect, double radius, const QColor& color);
 
 /// A border of `width` that lies wholly inside `rect`.
@@ -34,7 +40,8 @@ QColor atLevel(const QColor& rest, const QColor& hovered, const QColor& pressed,
 /// The width that `drawLine` takes for `text`.
 double lineWidth(const QString& text, const QFont& font, EmojiStyle style = EmojiStyle::AsWritten);
 
-/// Draws `text` on one line in the middle of `rect`'s height, aligned inside its width, emoji in colour.
+/// Draws `text` on one line in the middle of `rect`'s height, aligned inside its width in the direction of reading,
+/// emoji in colour.
 void drawLine(QPainter& painter, const QRectF& rect, const QString& text, const QFont& font, const QColor& color,
               Qt::Alignment alignment = Qt::AlignLeft, EmojiStyle style = EmojiStyle::AsWritten);
 

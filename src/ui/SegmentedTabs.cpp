@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Flitmark authors
 // SPDX-License-Identifier: MIT
 
+#include <ui/AccessibleRole.h>
 #include <ui/ControlState.h>
 #include <ui/Painting.h>
 #include <ui/SegmentedTabs.h>
@@ -27,11 +28,12 @@ constexpr double segmentGap = 8;
 class SegmentLook
 {
 public:
-    SegmentLook(QAbstractButton& button, const QString& text, const QString& symbol)
+    SegmentLook(QAbstractButton& button, QAccessible::Role role, const QString& text, const QString& symbol)
         : m_button(button)
         , m_state(*new ControlState(button))
         , m_symbol(symbol)
     {
+        setAccessibleRole(button, role);
         setPlainText(button, text);
         button.setCheckable(true);
         button.setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
@@ -85,7 +87,7 @@ class TabSegment final : public QPushButton
 public:
     TabSegment(const QString& text, const QString& symbol, QWidget* parent)
         : QPushButton(parent)
-        , m_look(*this, text, symbol)
+        , m_look(*this, QAccessible::PageTab, text, symbol)
     {
     }
 
@@ -104,7 +106,7 @@ class ChoiceSegment final : public QRadioButton
 public:
     ChoiceSegment(const QString& text, const QString& symbol, QWidget* parent)
         : QRadioButton(parent)
-        , m_look(*this, text, symbol)
+        , m_look(*this, QAccessible::RadioButton, text, symbol)
     {
     }
 
@@ -125,6 +127,7 @@ SegmentedTabs::SegmentedTabs(SegmentKind kind, QWidget* parent)
     : QWidget(parent)
     , m_kind(kind)
 {
+    setAccessibleRole(*this, kind == SegmentKind::Tabs ? QAccessible::PageTabList : QAccessible::Grouping);
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(4, 4, 4, 4);
     row->setSpacing(4);

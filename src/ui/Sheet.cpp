@@ -6,6 +6,7 @@
 #include <ui/IconButton.h>
 #include <ui/Label.h>
 #include <ui/Painting.h>
+#include <ui/ReadingMargins.h>
 #include <ui/RiseIn.h>
 #include <ui/Sheet.h>
 #include <ui/Surfaces.h>
@@ -67,7 +68,7 @@ QWidget* Sheet::makeHead(const QString& title, const QString& symbol) const
 {
     auto* head = new QWidget;
     auto* row = new QHBoxLayout(head);
-    row->setContentsMargins(16, 12, 8, 8);
+    row->setContentsMargins(readingMargins(16, 12, 8, 8));
     row->setSpacing(8);
     if (!symbol.isEmpty()) {
         row->addWidget(new SymbolView(symbol, 20, &Theme::orange));

@@ -55,7 +55,8 @@ void Slider::moveToStep()
 
 void Slider::moveTo(double x)
 {
-    const double share = (x - knobReach) / std::max(1.0, width() - 2 * knobReach);
+    const double way = isRightToLeft() ? width() - x : x;
+    const double share = (way - knobReach) / std::max(1.0, width() - 2 * knobReach);
     const double steps = std::round(share * (maximum() - minimum()) / singleStep());
     setSliderPosition(minimum() + static_cast<int>(steps) * singleStep());
 }

@@ -8,7 +8,7 @@
 
 namespace flitmark {
 
-/// A short message that fades in and out. Its text is there for screen readers for as long as it can be seen.
+/// A short message that fades in and out. Screen readers read it out, and find it for as long as it can be seen.
 class StatusLine final : public QWidget
 {
     Q_OBJECT

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Flitmark authors
 // SPDX-License-Identifier: MIT
 
+#include <ui/AccessibleRole.h>
 #include <ui/Painting.h>
 #include <ui/Switch.h>
 #include <ui/ThemeScope.h>
@@ -24,6 +25,7 @@ Switch::Switch(const QString& name, QWidget* parent)
     , m_state(*new ControlState(*this))
     , m_position([this] { update(); })
 {
+    setAccessibleRole(*this, QAccessible::CheckBox);
     setAccessibleName(name);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     connect(this, &QCheckBox::toggled, this, [this](bool isOn) {

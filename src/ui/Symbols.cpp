@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Flitmark authors
 // SPDX-License-Identifier: MIT
 
+#include <ui/Painting.h>
 #include <ui/Symbols.h>
 
 #include <QHash>
@@ -99,6 +100,9 @@ constexpr auto entries = std::to_array<Entry>({
 const QString turnedArrow = QStringLiteral("arrow.right.circle");
 const QString circledPencil = QStringLiteral("pencil.circle");
 
+/// Those that point to where the reading goes on.
+const QStringList onward{turnedArrow, QStringLiteral("arrow.up.right.square"), QStringLiteral("chevron.right")};
+
 /// The symbol font, read in place from the program's own pages, of which only the touched ones take memory.
 const QRawFont& symbolFont()
 {
@@ -182,8 +186,13 @@ void Symbols::draw(QPainter& painter, const QString& name, const QRectF& square,
 {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.translate(square.topLeft());
-    painter.scale(square.width(), square.height());
+    const QRectF place = painting::inReadingDirection(painter, square);
+    painter.translate(place.topLeft());
+    painter.scale(place.width(), place.height());
+    if (painting::directionOf(painter) == Qt::RightToLeft && onward.contains(name)) {
+        painter.translate(1, 0);
+        painter.scale(-1, 1);
+    }
     painter.fillPath(path(name), color);
     painter.restore();
 }

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Flitmark authors
 // SPDX-License-Identifier: MIT
 
+#include <ui/AccessibleRole.h>
 #include <ui/ControlState.h>
 #include <ui/Painting.h>
 #include <ui/Symbols.h>
@@ -27,6 +28,7 @@ public:
         , m_state(*new ControlState(*this))
         , m_symbol(symbol)
     {
+        setAccessibleRole(*this, QAccessible::PageTab);
         setPlainText(*this, text);
         setCheckable(true);
         setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
@@ -71,6 +73,7 @@ private:
 TabTiles::TabTiles(QWidget* parent)
     : QWidget(parent)
 {
+    setAccessibleRole(*this, QAccessible::PageTabList);
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins({});
     row->setSpacing(tileGap);

@@ -2,46 +2,20 @@
 # SPDX-License-Identifier: MIT
 """A day with the program by keys alone: no pointer, no action of an input aid. The controls are only looked at."""
 
-import contextlib
 import unittest
 
 from desktop.accessibility import Gone
-from desktop.case import DesktopCase
-from desktop.waiting import PATIENCE, NotInTime, wait_until
-from test_browse import HANDLER
-from test_daily import NOTE
+from desktop.day import DayCase
+from desktop.waiting import PATIENCE, wait_until
 
 SETTINGS = "Flitmark Settings"
 # What Tab stops at: of a group of choices the chosen one, of a list the list.
-STOPS = {"push button", "check box", "text", "list", "slider", "combo box"}
+STOPS = {"push button", "check box", "page tab", "text", "list", "slider", "combo box"}
 PANEL_TABS = ("New", "Browse", "Daily")
 SETTINGS_TABS = ("App", "Quick Tags", "Vault", "Notes", "Appearance", "Pomodoro", "Shortcuts")
 
 
-class KeyboardDayTest(DesktopCase):
-    def setUp(self):
-        super().setUp()
-        self.home.make_vault()
-        self.home.complete_setup()
-        self.home.write_daily_note(NOTE)
-        handler = self.home.folder / "bin" / "xdg-open"
-        handler.parent.mkdir()
-        handler.write_text(HANDLER)
-        handler.chmod(0o755)
-
-    def begin(self, clock):
-        """Starts the program and opens the panel."""
-        self.start_with_button(clock=clock, PATH=str(self.home.folder / "bin"))
-        self.open_by_hotkey()
-
-    def open_by_hotkey(self):
-        def opens():
-            self.screen.key("alt+n")
-            with contextlib.suppress(NotInTime):
-                return self.screen.window("Flitmark", timeout=2)
-        wait_until(opens, "the hotkey to work")
-        self.wait_for_focus("Note")
-
+class KeyboardDayTest(DayCase):
     def focused(self, other_than=None):
         """The name and role of the control that has the keyboard, as soon as it is another one."""
         def found():
@@ -90,6 +64,7 @@ class KeyboardDayTest(DesktopCase):
 
     def test_notes_settings_and_help(self):
         self.begin("@2026-01-22 14:00:00")
+        self.open_by_hotkey()
         self.screen.type("Call Ada")
         self.check_round("Flitmark")
         self.go_to("#priority/high", key="shift+Tab")
@@ -102,8 +77,7 @@ class KeyboardDayTest(DesktopCase):
         self.check_round("Flitmark")
         self.go_to("Vault items")
         self.screen.key("End", "Return")
-        opened = self.home.folder / "opened"
-        wait_until(lambda: opened.exists() and "Reading" in opened.read_text(), "the note to be opened")
+        self.wait_until_opened("Reading")
 
         self.screen.key("ctrl+comma")
         self.wait_for_focus("App")
@@ -124,6 +98,7 @@ class KeyboardDayTest(DesktopCase):
 
     def test_focus_tasks_and_a_pomodoro(self):
         self.begin(f"@2026-01-22 14:00:00 x{120 / PATIENCE:g}")
+        self.open_by_hotkey()
         self.choose("Daily", PANEL_TABS)
         self.program.find("Write the page", "check box", "Flitmark")
         self.check_round("Flitmark")

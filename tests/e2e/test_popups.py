@@ -71,6 +71,11 @@ class PopupsTest(SetUpCase):
         self.program.click(item, "menu item", "Flitmark Button")
         self.program.wait_for_output(f"CheckinWindowController: {says}")
 
+    def open_menu_by(self, key):
+        self.screen.key(key)
+        first = self.program.find("Settings...", "menu item", "Flitmark Button")
+        wait_until(lambda: first.has("focused"), "the menu to begin at its first item")
+
     def start_pomodoros(self, clock, coach_config):
         """Starts the program and the timer. The speed of the clock is for a program of the usual swiftness."""
         self.home.write_coach_config(json.dumps(coach_config))
@@ -159,12 +164,36 @@ class PopupsTest(SetUpCase):
         self.program.wait_for_output("Completed task, new focus: x")
         self.assertFalse(self.note.exists(), "a note made up by an answer")
 
-    def test_quits_by_keyboard_with_the_panel_open(self):
+    def test_quits_by_keyboard_and_keeps_the_draft(self):
+        for number, (way, *keys) in enumerate([("menu", "Up", "Return"), ("panel", "ctrl+q"), ("settings", "ctrl+q")]):
+            with self.subTest(way):
+                self.start_with_button()
+                self.open_panel()
+                self.screen.type(str(number))
+                self.wait_for_text("012"[:number + 1])
+                if way == "menu":
+                    self.open_menu_by("F10")
+                elif way == "settings":
+                    self.screen.key("ctrl+comma")
+                    self.wait_for_focus("App")
+                self.screen.key(*keys)
+                self.assertEqual(self.program.wait_for_exit(), 0, self.program.output())
+                self.assertEqual(self.home.draft()["content"], "012"[:number + 1])
+
+    def test_menu_by_keyboard(self):
         self.start_with_button()
         self.open_panel()
-        self.open_menu()
-        self.screen.key("Up", "Return")
-        self.assertEqual(self.program.wait_for_exit(), 0, self.program.output())
+        for key in ("shift+F10", "Menu"):
+            # The note has a menu of its own.
+            self.screen.key(key)
+            self.program.find("Delete", "menu item", "Flitmark")
+            self.screen.key("Escape")
+            self.wait_for_focus("Note")
+        self.program.find("Save").take_focus()
+        for key in ("shift+F10", "Menu", "F10"):
+            self.open_menu_by(key)
+            self.screen.key("Escape")
+            self.wait_for_focus("Save")
 
 
 class ComposedPopupsTest(SetUpCase):

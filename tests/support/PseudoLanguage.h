@@ -90,7 +90,7 @@ inline QStringList faultsInTexts(QWidget& window)
     const auto check = [&faults](const char* what, const QString& text) {
         static const QRegularExpression bracketed("\\[[^\\[\\]]*\\]");
         // Paths, tags and the names of keys are the same in every language, and the locale writes dates.
-        static const QRegularExpression same("[~/][^ \\[\\]]*|#\\S+|[⌘⌥]\\w|\\.md|Inbox|Thursday, Jan");
+        static const QRegularExpression same("[~/][^ \\[\\]]*|#\\S+|[⌘⌥]\\w|\\bQ\\b|\\.md|Inbox|Thursday, Jan");
         QString rest = text;
         while (rest.contains(bracketed)) {
             rest.remove(bracketed);

@@ -123,6 +123,22 @@ private Q_SLOTS:
         QTest::keyClick(first, Qt::Key_Space);
         QVERIFY(showsColor(*first, ring));
     }
+    void readsFromTheRight()
+    {
+        RowContent content;
+        content.swatches = {Qt::red, Qt::green};
+        auto* row = new ActionRow(content);
+        auto* slider = new Slider(QStringLiteral("Opacity"), 0, 10, 1);
+        const auto window = windowOf({row, slider});
+        const auto colorAt = [row](int x) { return row->grab().toImage().pixelColor(x, row->height() / 2); };
+        QCOMPARE(colorAt(24), QColor(Qt::red));
+        window->setLayoutDirection(Qt::RightToLeft);
+        QCOMPARE(colorAt(row->width() - 24), QColor(Qt::red));
+        QTest::mouseClick(slider, Qt::LeftButton, {}, QPoint(1, slider->height() / 2));
+        QCOMPARE(slider->value(), 10);
+        QTest::keyClick(slider, Qt::Key_Right);
+        QCOMPARE(slider->value(), 9);
+    }
     void tabsAreOneStop()
     {
         auto* tabs = new SegmentedTabs;

@@ -4,6 +4,7 @@
 #include <daily/tab/AddTaskRow.h>
 #include <daily/tab/DailyTabModel.h>
 #include <ui/IconButton.h>
+#include <ui/ReadingMargins.h>
 #include <ui/Surfaces.h>
 #include <ui/TextField.h>
 
@@ -30,7 +31,7 @@ AddTaskRow::AddTaskRow(DailyTabModel& model)
     m_buttons = {save, cancel};
 
     auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(4, 4, 8, 4);
+    row->setContentsMargins(readingMargins(4, 4, 8, 4));
     row->setSpacing(4);
     row->addWidget(circle);
     row->addWidget(m_field, 1);

@@ -6,6 +6,7 @@
 #include <daily/tab/PomodoroControls.h>
 #include <ui/IconButton.h>
 #include <ui/Painting.h>
+#include <ui/ReadingMargins.h>
 #include <ui/ThemeScope.h>
 
 #include <QHBoxLayout>
@@ -31,7 +32,7 @@ PomodoroControls::PomodoroControls(DailyTabModel& model)
     : m_model(model)
 {
     auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(edge + tomatoWidth() + gap + dotSize + 2 * gap, 0, 2, 0);
+    row->setContentsMargins(readingMargins(edge + tomatoWidth() + gap + dotSize + 2 * gap, 0, 2, 0));
     row->setSpacing(gap);
     setFixedHeight(controlHeight());
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);

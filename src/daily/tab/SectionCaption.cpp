@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include <daily/tab/SectionCaption.h>
+#include <ui/AccessibleRole.h>
 #include <ui/Label.h>
 
 #include <QHBoxLayout>
@@ -15,7 +16,9 @@ QWidget* makeSectionCaption(const QString& caption, QWidget* button)
     auto* layout = new QHBoxLayout(row);
     layout->setContentsMargins({});
     layout->setSpacing(8);
-    layout->addWidget(new Label(caption, TextRole::Overline), 1, Qt::AlignVCenter);
+    auto* label = new Label(caption, TextRole::Overline);
+    setAccessibleRole(*label, QAccessible::Heading);
+    layout->addWidget(label, 1, Qt::AlignVCenter);
     if (button != nullptr) {
         layout->addWidget(button);
     }

@@ -9,6 +9,7 @@
 #include <ui/IconButton.h>
 #include <ui/Label.h>
 #include <ui/Painting.h>
+#include <ui/ReadingMargins.h>
 #include <ui/Symbols.h>
 #include <ui/ThemeScope.h>
 
@@ -33,6 +34,7 @@ public:
     CheckMark()
         : m_state(*new ControlState(*this))
     {
+        setAccessibleRole(*this, QAccessible::CheckBox);
         setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     }
 
@@ -82,7 +84,7 @@ TaskRow::TaskRow(const DailyTaskRow& task)
     m_start->setGround(IconButtonGround::Boxed);
 
     auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(4, 4, 8, 4);
+    row->setContentsMargins(readingMargins(4, 4, 8, 4));
     row->setSpacing(4);
     row->addWidget(m_check, 0, Qt::AlignTop);
     row->addWidget(m_text, 1);

@@ -110,12 +110,16 @@ bool TasksSection::matchRows(const QList<DailyTaskRow>& tasks)
 void TasksSection::showAddRow()
 {
     const bool hadKeyboard = m_addRow->isAncestorOf(window()->focusWidget());
-    m_addRow->setVisible(m_model.isAddingTask());
     if (m_model.isAddingTask()) {
+        m_addRow->show();
         m_addRow->takeKeyboard();
-    } else if (hadKeyboard) {
+        return;
+    }
+    // Before the row goes away, the keyboard moves on from it.
+    if (hadKeyboard) {
         m_add->setFocus();
     }
+    m_addRow->hide();
 }
 
 QList<QWidget*> TasksSection::controls() const

@@ -6,6 +6,7 @@
 #include <ui/ControlState.h>
 #include <ui/Label.h>
 #include <ui/Painting.h>
+#include <ui/ReadingMargins.h>
 #include <ui/ThemeScope.h>
 
 #include <QHBoxLayout>
@@ -69,7 +70,7 @@ TomatoTally::TomatoTally()
     row->setContentsMargins({});
     row->setSpacing(0);
     row->addWidget(m_more);
-    m_more->setContentsMargins(4, 0, 0, 0);
+    m_more->setContentsMargins(readingMargins(4, 0, 0, 0));
     m_more->hide();
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }

@@ -93,6 +93,18 @@ def _connection(address):
     return connection
 
 
+def register_for_events(connection, hear):
+    """Has programs say what happens to their controls, and calls `hear(control, event, detail, value)` for it while the main
+    context is iterated."""
+    for events in ("object:", "window:"):
+        connection.call_sync(_REGISTRY, "/org/a11y/atspi/registry", _REGISTRY, "RegisterEvent",
+                             GLib.Variant("(sass)", (events, [], "")), None, Gio.DBusCallFlags.NONE, _CALL_TIMEOUT_MS, None)
+    for interface in ("org.a11y.atspi.Event.Object", "org.a11y.atspi.Event.Window"):
+        connection.signal_subscribe(
+            None, interface, None, None, None, Gio.DBusSignalFlags.NONE,
+            lambda bus, owner, path, _, event, data: hear(Accessible(bus, owner, path), event, data[0], data[1]))
+
+
 def applications(connection):
     """The root of each accessible application on the bus."""
     return unless_gone(lambda: Accessible(connection, _REGISTRY, _ROOT).children, [])
@@ -185,13 +197,28 @@ class Accessible:
         texts = unless_gone(lambda: self._call(_TEXT, "GetText", GLib.Variant("(ii)", (0, -1)), "(s)"))
         return texts[0] if texts is not None else self.name
 
+    @property
+    def value(self):
+        """The number of a slider."""
+        return self._property("org.a11y.atspi.Value", "CurrentValue")
+
     def set_text(self, text):
         """Replaces the text as an input aid would, without the keyboard."""
         self._call(_EDITABLE, "SetTextContents", GLib.Variant("(s)", (text,)), "(b)")
 
-    def press(self):
-        """Runs the control's first action, as a screen reader's user would."""
-        self._call(_ACTION, "DoAction", GLib.Variant("(i)", (0,)), "(b)")
+    @property
+    def actions(self):
+        """The names of what can be done with the control."""
+        return [name for name, _, _ in self._call(_ACTION, "GetActions", reply="(a(sss))")[0]]
+
+    def press(self, action=0):
+        """Runs the control's first action, or the one of this name, as a screen reader's user would."""
+        number = action if isinstance(action, int) else self.actions.index(action)
+        self._call(_ACTION, "DoAction", GLib.Variant("(i)", (number,)), "(b)")
+
+    def take_focus(self):
+        """Gives the control the keyboard, if its window has it."""
+        self._call(_COMPONENT, "GrabFocus", reply="(b)")
 
     def walk(self, depth=0):
         """This control and all below it that are on screen, outermost first, as (depth, control)."""

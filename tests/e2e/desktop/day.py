@@ -1,0 +1,41 @@
+# SPDX-FileCopyrightText: 2026 The Flitmark authors
+# SPDX-License-Identifier: MIT
+"""What the tests of a whole day share: a user with a daily note, and a program that opens notes."""
+
+import contextlib
+
+from .case import SetUpCase
+from .waiting import NotInTime, wait_until
+
+NOTE = """## Today's Focus
+**Ship it**
+
+## Tasks
+- [ ] Write the page
+- [ ] Send it out
+"""
+
+
+class DayCase(SetUpCase):
+    def setUp(self):
+        super().setUp()
+        self.home.write_daily_note(NOTE)
+        handler = self.home.folder / "bin" / "xdg-open"
+        handler.parent.mkdir()
+        handler.write_text('#!/bin/sh\nprintf "%s\\n" "$@" >> "$HOME/opened"\n')
+        handler.chmod(0o755)
+
+    def begin(self, clock):
+        self.start_with_button(clock=clock, PATH=str(self.home.folder / "bin"))
+
+    def wait_until_opened(self, note):
+        opened = self.home.folder / "opened"
+        wait_until(lambda: opened.exists() and note in opened.read_text(), "the note to be opened")
+
+    def open_by_hotkey(self):
+        def opens():
+            self.screen.key("alt+n")
+            with contextlib.suppress(NotInTime):
+                return self.screen.window("Flitmark", timeout=2)
+        wait_until(opens, "the hotkey to work")
+        self.wait_for_focus("Note")
