@@ -90,7 +90,7 @@ void AppDelegate::quit()
 
 void AppDelegate::addQuitKey(QWidget& window)
 {
-    auto* shortcut = new QShortcut(Qt::CTRL | Qt::Key_Q, &window);
+    auto* shortcut = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q), &window);
     connect(shortcut, &QShortcut::activated, this, quit);
 }
 

@@ -13,13 +13,14 @@ TriggerMenu::TriggerMenu(CheckinWindowController& controller, NotificationCenter
 {
     setWindowTitle(tr("Flitmark Menu"));
     setAccessibleName(windowTitle());
-    connect(addItem(tr("Settings..."), Qt::CTRL | Qt::Key_Comma), &QAction::triggered, this,
+    connect(addItem(tr("Settings..."), QKeySequence(Qt::CTRL | Qt::Key_Comma)), &QAction::triggered, this,
             &TriggerMenu::settingsChosen);
     connect(addItem(tr("Help...")), &QAction::triggered, &notificationCenter, &NotificationCenter::showHelp);
     addSeparator();
     addPomodoroItems(controller, notificationCenter);
     addSeparator();
-    connect(addItem(tr("Quit Flitmark"), Qt::CTRL | Qt::Key_Q), &QAction::triggered, this, &TriggerMenu::quitChosen);
+    connect(addItem(tr("Quit Flitmark"), QKeySequence(Qt::CTRL | Qt::Key_Q)), &QAction::triggered, this,
+            &TriggerMenu::quitChosen);
 }
 
 void TriggerMenu::addPomodoroItems(CheckinWindowController& controller, NotificationCenter& notificationCenter)

@@ -17,7 +17,7 @@ namespace flitmark {
 
 namespace {
 
-constexpr int sideMargin = 16;
+constexpr int footerMargin = 16;
 
 } // namespace
 
@@ -82,7 +82,7 @@ void BrowseView::appeared()
 
 void BrowseView::setCornerReserve(int width)
 {
-    m_summary->setContentsMargins(sideMargin, 8, std::max(sideMargin, width + 8), 12);
+    m_summary->setContentsMargins(footerMargin, 8, std::max(footerMargin, width + 8), 12);
 }
 
 void BrowseView::takeKeyboard()
