@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Flitmark authors
 // SPDX-License-Identifier: MIT
 
-#include <support/FullDisk.h>
 #include <support/TestServices.h>
 
 using namespace flitmark;
@@ -122,30 +121,6 @@ private Q_SLOTS:
             writeTestFile(draftPath(), QByteArray(file).replace("@", time));
             QCOMPARE(storedDraft().timestamp, QDateTime(QDate(2026, 1, 22), QTime(14, 3, 5), Qt::UTC));
         }
-    }
-
-    void fullDisk_losesNothingAndIsSurvived()
-    {
-        ConfigManager& config = m_services->config;
-        config.save();
-        DraftManager& drafts = m_services->drafts;
-        drafts.save("old thought", {}, {});
-        const auto onDisk = [&] { return readTestFile(draftPath()) + readTestFile(config.configURL()); };
-        const QByteArray before = onDisk();
-        const QString thought = "new thought";
-        {
-            const FullDisk full;
-            drafts.save(thought, {}, {});
-            config.save();
-            QVERIFY(!save(thought));
-        }
-        QCOMPARE(onDisk(), before);
-        QCOMPARE(drafts.currentDraft()->content, thought);
-        QCOMPARE(filesIn(m_services->directories.ownFolder()), ".draft.json,config.json");
-        QCOMPARE(filesIn(m_services->vault + "/Inbox"), QString());
-        drafts.save(thought, {}, {});
-        QCOMPARE(storedDraft().content, thought);
-        QVERIFY(save(thought));
     }
 
 private:
