@@ -9,28 +9,20 @@
 #include <app/TriggerMenu.h>
 #include <app/UpdateWindow.h>
 #include <capture/BrowseModel.h>
-#include <capture/DraftManager.h>
-#include <capture/NoteManager.h>
 #include <capture/NotePanelModel.h>
 #include <capture/NotePanelView.h>
 #include <checkin/CheckinWindowController.h>
 #include <config/ConfigManager.h>
-#include <daily/DailyNoteManager.h>
 #include <daily/tab/DailyTabModel.h>
 #include <platform/AppUpdateController.h>
-#include <platform/Dialogs.h>
 #include <platform/KeyMonitor.h>
-#include <platform/LoginItemManager.h>
 #include <platform/NotificationCenter.h>
 #include <platform/RunLoop.h>
 #include <platform/Screens.h>
-#include <platform/UserDefaults.h>
 #include <platform/WindowManager.h>
-#include <platform/Workspace.h>
 #include <settings/HelpWindow.h>
 #include <settings/SettingsWindow.h>
 #include <setup/SetupWizardWindow.h>
-#include <signals/SignalManager.h>
 #include <ui/ThemeScope.h>
 
 #include <QGuiApplication>
@@ -39,31 +31,6 @@
 namespace flitmark {
 
 using namespace std::chrono_literals;
-
-AppServices AppServices::shared()
-{
-    // The members are made in this order.
-    return {
-        .directories = Directories::ofUser(),
-        .runLoop = RunLoop::shared(),
-        .notificationCenter = NotificationCenter::shared(),
-        .configManager = ConfigManager::shared(),
-        .updateController = AppUpdateController::shared(),
-        .checkinWindowController = CheckinWindowController::shared(),
-        .signalManager = SignalManager::shared(),
-        .dailyNoteManager = DailyNoteManager::shared(),
-        .draftManager = DraftManager::shared(),
-        .noteManager = NoteManager::shared(),
-        .screens = Screens::shared(),
-        .windowManager = WindowManager::shared(),
-        .dialogs = Dialogs::shared(),
-        .workspace = Workspace::shared(),
-        .keyMonitor = KeyMonitor::shared(),
-        .loginItemManager = LoginItemManager::shared(),
-        .userDefaults = UserDefaults::shared(),
-        .screenshotMode = ScreenshotMode::ofEnvironment(),
-    };
-}
 
 AppDelegate::AppDelegate(const AppServices& services)
     : m_services(services)

@@ -4,9 +4,8 @@
 #pragma once
 
 #include <app/AltKeyFilter.h>
-#include <app/ScreenshotMode.h>
+#include <app/AppServices.h>
 #include <platform/AppAction.h>
-#include <platform/Directories.h>
 #include <ui/CompositionFilter.h>
 #include <ui/Menu.h>
 
@@ -20,57 +19,15 @@
 
 namespace flitmark {
 
-class AppUpdateController;
 class BrowseModel;
-class CheckinWindowController;
-class ConfigManager;
-class DailyNoteManager;
 class DailyTabModel;
-class Dialogs;
-class DraftManager;
 class HelpWindow;
-class KeyMonitor;
-class LoginItemManager;
-class NoteManager;
 class NotePanelModel;
-class NotificationCenter;
 class PanelWindow;
-class RunLoop;
-class Screens;
 class SettingsWindow;
 class SetupWizardWindow;
-class SignalManager;
 class TriggerButtonWindow;
 class UpdateWindow;
-class WindowManager;
-class UserDefaults;
-class Workspace;
-
-/// What the application delegate works with, in the order in which it comes to life.
-struct AppServices
-{
-    Directories directories;
-    RunLoop& runLoop;
-    NotificationCenter& notificationCenter;
-    ConfigManager& configManager;
-    AppUpdateController& updateController;
-    CheckinWindowController& checkinWindowController;
-    SignalManager& signalManager;
-    DailyNoteManager& dailyNoteManager;
-    DraftManager& draftManager;
-    NoteManager& noteManager;
-    Screens& screens;
-    WindowManager& windowManager;
-    Dialogs& dialogs;
-    Workspace& workspace;
-    KeyMonitor& keyMonitor;
-    LoginItemManager& loginItemManager;
-    UserDefaults& userDefaults;
-    ScreenshotMode screenshotMode = {};
-
-    /// The long-lived services of the process, each made now unless it is there already.
-    static AppServices shared();
-};
 
 /// Starts the program and owns its windows: the setup wizard on the first run, then the trigger button and the note
 /// panel. Main thread only.
