@@ -11,7 +11,7 @@ from pathlib import Path
 
 from desktop.case import DesktopCase
 from desktop.home import Home
-from desktop.program import executable
+from desktop.program import SANITIZER_OPTIONS, executable
 from desktop.waiting import hold
 
 DEMO_TEXT = """Quick capture demo for Flitmark.
@@ -35,8 +35,9 @@ class PictureTest(unittest.TestCase):
         self.home = Home(self.folder / "user")
 
     def run_program(self, picture, tab, **variables):
-        environment = {"PATH": os.environ["PATH"], "HOME": str(self.home.folder), "FLITMARK_SCREENSHOT_MODE": "1",
-                       "FLITMARK_SCREENSHOT_TAB": tab, "FLITMARK_SCREENSHOT_OUTPUT": str(picture)}
+        environment = SANITIZER_OPTIONS | {
+            "PATH": os.environ["PATH"], "HOME": str(self.home.folder), "FLITMARK_SCREENSHOT_MODE": "1",
+            "FLITMARK_SCREENSHOT_TAB": tab, "FLITMARK_SCREENSHOT_OUTPUT": str(picture)}
         return subprocess.run([executable()], env=environment | variables, timeout=60, capture_output=True).returncode
 
     def test_each_tab_without_a_display(self):

@@ -19,7 +19,7 @@ _FAKE_TIME_LIBRARIES = "faketime/libfaketimeMT.so.1"
 _TESTS = Path(__file__).parents[2]
 
 # Under sanitizers the first report ends the program and shows in its output.
-_SANITIZER_OPTIONS = {
+SANITIZER_OPTIONS = {
     "ASAN_OPTIONS": "abort_on_error=0:verify_asan_link_order=0",
     "UBSAN_OPTIONS": "print_stacktrace=1",
     "TSAN_OPTIONS": f"suppressions={_TESTS}/threads.supp:print_suppressions=0:halt_on_error=1",
@@ -59,7 +59,7 @@ class Program:
         self._screen = desktop.screen
         self._output_path = Path(output_path)
         self.ended_on_purpose = False
-        environment = desktop.environment | _SANITIZER_OPTIONS | {"HOME": str(home.folder)} | (variables or {})
+        environment = desktop.environment | SANITIZER_OPTIONS | {"HOME": str(home.folder)} | (variables or {})
         if isinstance(clock, WallClock):
             environment |= {"LD_PRELOAD": _fake_time_library(), "FAKETIME_TIMESTAMP_FILE": str(clock.path),
                             "FAKETIME_NO_CACHE": "1", "FAKETIME_DONT_FAKE_MONOTONIC": "1"}
