@@ -4,6 +4,7 @@
 #include <ui/Fonts.h>
 
 #include <QFontDatabase>
+#include <QFontInfo>
 #include <QGuiApplication>
 #include <QScreen>
 
@@ -68,8 +69,16 @@ int emojiSize(int textSize)
 
 QStringList textFamilies()
 {
-    static const QString generalFamily = QFontDatabase::systemFont(QFontDatabase::GeneralFont).family();
-    return {QStringLiteral("Inter"), emojiFamily(), generalFamily};
+    static const QStringList families = [] {
+        // The font itself, where the desktop's setting is a name for any such font ("Sans").
+        const QString general = QFontInfo(QFontDatabase::systemFont(QFontDatabase::GeneralFont)).family();
+        const QString inter = QStringLiteral("Inter");
+        // Emoji come before a general font, which may have them without colour, but never first of all: the emoji font
+        // has spaces and digits, too.
+        return QFontDatabase::hasFamily(inter) ? QStringList{inter, emojiFamily(), general}
+                                               : QStringList{general, emojiFamily()};
+    }();
+    return families;
 }
 
 /// Characters that are emoji by themselves. Signs that are text unless told otherwise (arrows, the key signs, check

@@ -33,6 +33,13 @@ private Q_SLOTS:
         }
     }
 
+    void spacesAndDigits_areTheTextFontsOwn()
+    {
+        const QFontMetricsF metrics(fontOf(TextRole::Body));
+        QVERIFY(metrics.horizontalAdvance(u' ') < metrics.horizontalAdvance(u'n'));
+        QVERIFY(metrics.horizontalAdvance(u'0') < metrics.horizontalAdvance(u'm'));
+    }
+
     void findsEmoji()
     {
         for (const auto& [text, expected, preferred] : {
