@@ -15,6 +15,7 @@
 #include <config/ConfigManager.h>
 #include <daily/tab/DailyTabModel.h>
 #include <platform/AppUpdateController.h>
+#include <platform/Dialogs.h>
 #include <platform/KeyMonitor.h>
 #include <platform/NotificationCenter.h>
 #include <platform/RunLoop.h>
@@ -211,6 +212,7 @@ void AppDelegate::showPanel()
     if (!m_panelWindow || !m_triggerWindow) {
         return;
     }
+    m_services.dialogs.setQuestionsAside(true);
     m_panelWindow->makeKeyAndOrderFront(panelPlace());
     // Both float; where they meet the button stays above the panel, also after a click into the panel.
     m_services.windowManager.keepAbove(*m_triggerWindow->windowHandle(), *m_panelWindow->windowHandle());
@@ -237,6 +239,7 @@ void AppDelegate::hidePanel()
     if (m_panelWindow) {
         m_panelWindow->orderOut();
         setPanelVisible(false);
+        m_services.dialogs.setQuestionsAside(false);
     }
 }
 

@@ -43,6 +43,10 @@ public:
     /// Asks in a window of its own, titled by the message, that keeps the user from the program's other windows until
     /// it is answered; returns at once. `onAnswered` is called on the main thread, once, unless the program ends first.
     virtual void ask(const Question& question, Answered onAnswered) = 0;
+
+    /// Takes the questions off the screen, those to come as well, or brings them back: while the user writes, none of
+    /// them may have the keyboard. They stay unanswered meanwhile.
+    virtual void setQuestionsAside(bool areAside) = 0;
 };
 
 } // namespace flitmark

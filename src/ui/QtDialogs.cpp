@@ -44,15 +44,36 @@ public:
         const ColorPalette palette = m_configManager.config().colorPalette;
         auto* window = new QuestionWindow(question, themeOfWindow(palette, desktopScheme()));
         QObject::connect(window, &QuestionWindow::answered, window,
-                         [window, onAnswered = std::move(onAnswered)](qsizetype button) {
+                         [this, window, onAnswered = std::move(onAnswered)](qsizetype button) {
+                             m_questions.removeOne(window);
                              window->deleteLater();
                              onAnswered(button);
                          });
-        window->showCentered();
+        m_questions.append(window);
+        if (!m_areQuestionsAside) {
+            window->showCentered();
+        }
+    }
+
+    void setQuestionsAside(bool areAside) override
+    {
+        if (std::exchange(m_areQuestionsAside, areAside) == areAside) {
+            return;
+        }
+        for (QuestionWindow* window : std::as_const(m_questions)) {
+            if (areAside) {
+                window->hide();
+            } else {
+                window->showCentered();
+            }
+        }
     }
 
 private:
     const ConfigManager& m_configManager;
+    /// Those that are not answered yet.
+    QList<QuestionWindow*> m_questions;
+    bool m_areQuestionsAside = false;
 };
 
 } // namespace

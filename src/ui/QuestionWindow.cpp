@@ -27,6 +27,8 @@ QuestionWindow::QuestionWindow(const Dialogs::Question& question, const Theme& t
     setWindowTitle(question.message);
     setAccessibleDescription(question.details);
     setWindowModality(Qt::ApplicationModal);
+    setFocusPolicy(Qt::ClickFocus);
+    setFocus();
     ThemeScope::set(*this, theme);
 
     auto* column = new QVBoxLayout(this);
@@ -51,7 +53,7 @@ QLayout* QuestionWindow::makeButtons(const QStringList& buttons)
 {
     auto* row = new QHBoxLayout;
     row->setSpacing(8);
-    // The first one stands at the end of the row, and the keyboard starts with it.
+    // The first one stands at the end of the row, and the first Tab leads to it.
     for (qsizetype i = 0; i < buttons.size(); ++i) {
         auto* button = new Button(buttons.at(i), i == 0 ? ButtonKind::Filled : ButtonKind::Soft, this);
         button->setDefault(i == 0);

@@ -11,7 +11,8 @@
 namespace flitmark {
 
 /// A question to the user in a window of the desktop, over all other windows of the program. Return means the first
-/// button, Escape and closing the window the last one.
+/// button, Escape and closing the window the last one. The window may come while the user types: no button has the
+/// keyboard, so that a space answers nothing.
 class QuestionWindow final : public QDialog
 {
     Q_OBJECT

@@ -142,6 +142,25 @@ class LoginTest(SetUpCase):
         hold(lambda: not self.screen.windows(QUESTION), "not asked again", 1.0)
         self.assertEqual(self.home.autostart_path.read_text(), changed)
 
+    def test_a_thought_comes_before_the_question(self):
+        bystander = self.start_bystander()
+        self.start_with_button()
+        question = self.screen.window(QUESTION)
+        wait_until(lambda: question.is_active, "the question to have the keyboard")
+        self.screen.key("space")
+        bystander.window.activate()
+        wait_until(lambda: bystander.window.is_active, "the other window to have the keyboard")
+        self.screen.key("alt+n")
+        self.wait_for_focus("Note")
+        self.screen.type("Ask Ann")
+        self.wait_for_draft("Ask Ann")
+        self.screen.key("Escape")
+        wait_until(lambda: self.screen.window(QUESTION).is_active, "the question to come back")
+        self.assertFalse(self.home.login_question_is_answered())
+        self.screen.key("Tab", "Tab", "space")
+        wait_until(self.home.login_question_is_answered, "the answer")
+        self.assertFalse(self.home.autostart_path.exists())
+
     def test_a_refusal_is_kept_and_a_failure_shown(self):
         self.start_with_button()
         wait_until(lambda: self.screen.window(QUESTION).is_active, "the question to have the keyboard")

@@ -62,6 +62,7 @@ public:
         questions.append(question);
         onAnswered(0);
     }
+    void setQuestionsAside(bool) override {}
 };
 
 /// A hotkey that is pressed by emitting its signal.
