@@ -133,6 +133,7 @@ class Gallery(case.SetUpCase):
         self.picture("Flitmark Menu", "menu")
         self.program.click("Start Pomodoro Timer", "menu item", "Flitmark Button")
         self.picture("Daily Review", "review")
+        self.program.click("Close", window="Daily Review")
         self.picture("Flitmark Button", "ring")
         self.picture("Pomodoro Check-in", "check-in")
 

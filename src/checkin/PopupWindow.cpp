@@ -54,7 +54,7 @@ QWidget* PopupWindow::makeHead(const QString& heading)
     row->setContentsMargins(readingMargins(16, 12, 8, 8));
     row->setSpacing(8);
     auto* title = new Label(heading, TextRole::Heading);
-    title->setElideMode(Qt::ElideRight);
+    title->setWordWrap(true);
     row->addWidget(title, 1);
     m_badge = new Badge(QString(), Badge::Kind::Plain, head);
     m_badge->hide();
