@@ -134,11 +134,9 @@ void setAccessibleRole(QWidget& widget, QAccessible::Role role)
     }();
     Q_UNUSED(isInstalled)
     widget.setProperty(roleProperty, static_cast<int>(role));
-    // One that was made before, as for a label by its text, knows nothing of the role.
-    if (QAccessibleInterface* former =
-            QAccessible::isActive() ? QAccessible::queryAccessibleInterface(&widget) : nullptr) {
-        QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(former));
-    }
+    // One that was made before, as for a label by its text, knows nothing of the role. Later versions of Qt make them
+    // for every change of a name, even while nobody asks.
+    QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(QAccessible::queryAccessibleInterface(&widget)));
 }
 
 } // namespace flitmark
