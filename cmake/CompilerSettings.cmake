@@ -13,8 +13,7 @@ target_compile_options(
             -Woverloaded-virtual
             -Wold-style-cast
             -Wcast-qual
-            -Wimplicit-fallthrough
-            -Werror)
+            -Wimplicit-fallthrough)
 
 target_compile_definitions(
   flitmark_settings INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING QT_NO_KEYWORDS
