@@ -38,8 +38,14 @@ public:
         }
     }
     void makeRoom() const { QVERIFY(QFile::remove(ballastPath())); }
+    void protect() const { remount(MS_RDONLY); }
+    void unprotect() const { remount(0); }
 
 private:
+    void remount(unsigned long flags) const
+    {
+        QCOMPARE(::mount("tmpfs", QFile::encodeName(m_folder).constData(), "tmpfs", MS_REMOUNT | flags, nullptr), 0);
+    }
     QString ballastPath() const { return m_folder + "/ballast"; }
 
     QString m_folder;
@@ -58,9 +64,24 @@ class FaultsTest final : public QObject
 {
     Q_OBJECT
 
+    using Act = void (SmallDisk::*)() const;
+
 private Q_SLOTS:
-    void fullDisk_losesNothingAndIsSurvived()
+    void unwritableDisk_losesNothingAndIsSurvived_data()
     {
+        QTest::addColumn<Act>("breaks");
+        QTest::addColumn<Act>("mends");
+        QTest::addColumn<QString>("error");
+        QTest::newRow("full") << Act(&SmallDisk::fill) << Act(&SmallDisk::makeRoom)
+                              << QString("No space left on device");
+        QTest::newRow("read-only") << Act(&SmallDisk::protect) << Act(&SmallDisk::unprotect)
+                                   << QString("Read-only file system");
+    }
+    void unwritableDisk_losesNothingAndIsSurvived()
+    {
+        QFETCH(Act, breaks);
+        QFETCH(Act, mends);
+        QFETCH(QString, error);
         TestServices s;
         const SmallDisk disk(s.folder.path());
         if (!disk.isMounted()) {
@@ -81,20 +102,20 @@ private Q_SLOTS:
         };
         const QByteArray before = onDisk();
 
-        disk.fill();
+        (disk.*breaks)();
         s.drafts.save(thought, {}, {});
         s.config.update([](AppConfig& changed) { changed.saveSubfolder = QString(9000, u'y'); });
         s.config.save();
         QVERIFY(!save());
         QVERIFY(!toggle());
-        QCOMPARE(s.daily.lastError(), "Failed to toggle task: No space left on device");
+        QCOMPARE(s.daily.lastError(), "Failed to toggle task: " + error);
         QCOMPARE(onDisk(), before);
         QCOMPARE(s.drafts.currentDraft()->content, thought);
         QCOMPARE(filesIn(s.directories.ownFolder()), ".draft.json,config.json");
         QCOMPARE(filesIn(QFileInfo(s.notePath).path()), "2026-01-22.md");
         QCOMPARE(filesIn(s.vault + "/Inbox"), QString());
 
-        disk.makeRoom();
+        (disk.*mends)();
         s.drafts.save(thought, {}, {});
         QCOMPARE(stored(), thought);
         QVERIFY(save());
