@@ -187,7 +187,6 @@ void NotePanelModel::panelAppeared()
 
 void NotePanelModel::panelOpened()
 {
-    Q_EMIT editorFocusRequested();
     loadDraft();
     loadDefaultTags();
 }

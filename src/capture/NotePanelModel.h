@@ -74,7 +74,8 @@ public:
 
     /// To be called when the panel has been built: brings the draft, the recent notes and the default tags.
     void panelAppeared();
-    /// To be called when the panel has come on screen: brings the draft and the default tags and asks for the focus.
+    /// To be called when the panel has come on screen: brings the draft and the default tags. Leaves the keyboard
+    /// alone: the editor has it since the panel was shown, and the user may have moved on already.
     void panelOpened();
 
 Q_SIGNALS:
@@ -84,8 +85,6 @@ Q_SIGNALS:
     void existingNotesChanged();
     /// The message, its type or its visibility changed.
     void statusChanged();
-    /// The editor should have the keyboard.
-    void editorFocusRequested();
     /// The panel should be closed.
     void closeRequested();
 

@@ -41,7 +41,6 @@ NotePanelView::NotePanelView(const NotePanelModels& models, ConfigManager& confi
     connect(m_tabs, &SegmentedTabs::currentChanged, this,
             [this](int index) { m_model.setSelectedTab(static_cast<NotePanelModel::Tab>(index)); });
     connect(&m_model, &NotePanelModel::selectedTabChanged, this, &NotePanelView::showSelectedTab);
-    connect(&m_model, &NotePanelModel::editorFocusRequested, this, &NotePanelView::takeKeyboard);
 
     auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
     connect(escape, &QShortcut::activated, this, &NotePanelView::closeAsked);

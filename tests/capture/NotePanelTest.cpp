@@ -100,6 +100,7 @@ private Q_SLOTS:
         QTest::keyClicks(&editor, "b");
         QCOMPARE(panel.model.noteContent(), "a\n\n\n\tb");
         QTest::keyClick(&editor, Qt::Key_Tab, Qt::ControlModifier);
+        panel.model.panelOpened(); // comes a moment after the panel was shown
         QVERIFY(!editor.hasFocus());
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab, Qt::ShiftModifier);
         QVERIFY(editor.hasFocus());
