@@ -8,6 +8,7 @@ import shutil
 import unittest
 from pathlib import Path
 
+from .accessibility import unless_gone
 from .bystander import Bystander
 from .desktop import Desktop
 from .home import Home
@@ -21,6 +22,31 @@ _ALARMS = ("ERROR: AddressSanitizer", "ERROR: LeakSanitizer", "WARNING: ThreadSa
            "ASSERT", "QObject::connect", "Cannot create children for a parent", "QBackingStore::endPaint")
 
 
+def _ending_well(test):
+    @functools.wraps(test)
+    def wrapped(self):
+        test(self)
+        if self.program is not None:
+            self.check_output()
+            self.end_program()
+
+    return wrapped
+
+
+def _leaving_evidence(step):
+    @functools.wraps(step)
+    def wrapped(self):
+        try:
+            step(self)
+        except unittest.SkipTest:
+            raise
+        except BaseException:
+            self.keep_evidence()
+            raise
+
+    return wrapped
+
+
 class DesktopCase(unittest.TestCase):
     """`start` runs the program for the user `home` on `desktop`; everything is ended after the test."""
 
@@ -31,16 +57,18 @@ class DesktopCase(unittest.TestCase):
         super().__init_subclass__(**options)
         for name, test in list(vars(cls).items()):
             if name.startswith("test_"):
+                setattr(cls, name, _leaving_evidence(_ending_well(test)))
+            elif name == "setUp":
                 setattr(cls, name, _leaving_evidence(test))
 
     def setUp(self):
+        self.program = self.screen = None
+        self.artifacts = ARTIFACTS / self.id()
+        shutil.rmtree(self.artifacts, ignore_errors=True)
         self.desktop = Desktop(size=self.SIZE, compositor=self.COMPOSITOR).start()
         self.addCleanup(self.desktop.stop)
         self.screen = self.desktop.screen
         self.home = Home(self.desktop.folder / "user")
-        self.program = None
-        self.artifacts = ARTIFACTS / self.id()
-        shutil.rmtree(self.artifacts, ignore_errors=True)
 
     def start(self, clock=None, **variables):
         """Starts the program; it must still run when the test ends, unless the test ended it."""
@@ -87,9 +115,16 @@ class DesktopCase(unittest.TestCase):
         wait_until(lambda: not self.panel_is_open(), "the panel to close")
 
     def wait_for_focus(self, name):
-        """Waits until the control of this name has the keyboard."""
-        wait_until(lambda: (control := self.program.focused()) and control.name == name,
-                   lambda: f'"{name}" to have the keyboard, which {self.program.focused()} has')
+        """Waits until the control of this name has the keyboard, also in the eyes of the desktop."""
+        def has_it():
+            control = self.program.focused()
+            if not control or control.name != name:
+                return False
+            window = self.screen.active_window()
+            return window and window.title == control.window.name
+
+        wait_until(lambda: unless_gone(has_it),
+                   lambda: f'"{name}" to have the keyboard, which {self.program.focused()} in {self.screen.active_window()} has')
 
     def editor(self):
         return self.program.find("Note", window="Flitmark")
@@ -120,6 +155,8 @@ class DesktopCase(unittest.TestCase):
 
     def keep_evidence(self):
         """Leaves a picture of the screen, the controls and the program's output for whoever looks into a failure."""
+        if self.screen is None:
+            return
         self.artifacts.mkdir(parents=True, exist_ok=True)
         self.screen.picture(self.artifacts / "screen.png")
         if self.program is not None:
@@ -148,20 +185,3 @@ class SetUpCase(DesktopCase):
         super().setUp()
         self.home.make_vault()
         self.home.complete_setup(**self.SETTINGS)
-
-
-def _leaving_evidence(test):
-    @functools.wraps(test)
-    def wrapped(self):
-        try:
-            test(self)
-            if self.program is not None:
-                self.check_output()
-                self.end_program()
-        except unittest.SkipTest:
-            raise
-        except BaseException:
-            self.keep_evidence()
-            raise
-
-    return wrapped
