@@ -65,7 +65,10 @@ build() {
     cmake --build --preset "$preset" ${1:+--target "$@"}
 }
 
-# Runs a Python program that drives what users run on a desktop of its own, as the end-to-end tests do.
-drive_release() {
-    FLITMARK_PROGRAM=$PWD/build/release/flitmark PYTHONPATH=tests/e2e PYTHONDONTWRITEBYTECODE=1 "$python" "$@"
+# drive PRESET FILE [ARGUMENT...]: runs a Python program that drives this build on a desktop of its own, as the end-to-end tests
+# do.
+drive() {
+    local preset=$1
+    shift
+    FLITMARK_PROGRAM=$PWD/build/$preset/flitmark PYTHONPATH=tests/e2e PYTHONDONTWRITEBYTECODE=1 "$python" "$@"
 }

@@ -41,7 +41,7 @@ _STATES = {
 
 
 class Gone(Exception):
-    """The control is no longer there."""
+    """The control, or the window, is no longer there."""
 
 
 def unless_gone(ask, otherwise=None):
@@ -76,17 +76,18 @@ class Rectangle:
 
 def connect(session_bus_address):
     """A connection to the accessibility bus of the desktop with this session bus, which starts it when needed."""
-    session_bus = _connection(session_bus_address)
+    session_bus = connect_to(session_bus_address)
     try:
         (address,) = session_bus.call_sync(
             "org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress", None, GLib.VariantType("(s)"),
             Gio.DBusCallFlags.NONE, 10 * _CALL_TIMEOUT_MS, None).unpack()
     finally:
         session_bus.close_sync(None)
-    return _connection(address)
+    return connect_to(address)
 
 
-def _connection(address):
+def connect_to(address):
+    """A connection to the bus at this address."""
     flags = Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION
     connection = Gio.DBusConnection.new_for_address_sync(address, flags, None, None)
     connection.set_exit_on_close(False)

@@ -42,9 +42,9 @@ class WallClock:
         self.path = Path(path)
         self.set(time_of_day)
 
-    def set(self, time_of_day):
-        """Makes it January 22, 2026, at this "HH:MM:SS" in the time zone of the desktop, and lets it run from there."""
-        wanted = datetime.fromisoformat(f"2026-01-22 {time_of_day}").replace(tzinfo=ZoneInfo("Europe/Berlin"))
+    def set(self, time_of_day, day="2026-01-22"):
+        """Makes it this day and this "HH:MM:SS" in the time zone of the desktop, and lets it run from there."""
+        wanted = datetime.fromisoformat(f"{day} {time_of_day}").replace(tzinfo=ZoneInfo("Europe/Berlin"))
         replacement = self.path.with_suffix(".new")
         replacement.write_text(f"{wanted.timestamp() - time.time():+.3f}")
         replacement.rename(self.path)

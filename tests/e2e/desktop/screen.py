@@ -8,7 +8,7 @@ import subprocess
 import time
 
 from . import processes
-from .accessibility import Rectangle
+from .accessibility import Gone, Rectangle
 from .waiting import PATIENCE, wait_until
 
 _TOOL_TIMEOUT_SECONDS = 30
@@ -153,7 +153,7 @@ class Window:
         values = [re.search(rf"{key}:\s+(-?\d+)", text)
                   for key in ("Absolute upper-left X", "Absolute upper-left Y", "Width", "Height")]
         if not all(values):
-            raise AssertionError(f"window {self.number:#x} has gone")
+            raise Gone(f"window {self.number:#x}")
         return Rectangle(*(int(value.group(1)) for value in values))
 
     @property
