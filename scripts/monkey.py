@@ -141,8 +141,10 @@ class Monkey(DayCase):
         return Window(self.screen, numbers[int(at * len(numbers))]) if numbers else None
 
     def any_control(self, chance):
-        controls = self.program.find_all()
-        at = chance.random()
+        """One of the controls on screen, mostly one that does something, or None."""
+        at, is_any = chance.random(), chance.random() < 0.2
+        controls = [control for control in self.program.find_all()
+                    if is_any or unless_gone(lambda: control.has("focusable"))]
         return controls[int(at * len(controls))] if controls else None
 
     def any_point(self, chance):
