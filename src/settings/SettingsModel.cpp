@@ -142,7 +142,7 @@ void SettingsModel::saveConfig()
 
 void SettingsModel::saveCoachConfig()
 {
-    CoachConfig coach = m_services.signalManager.coachConfig();
+    CoachConfig coach = m_services.signalManager.currentConfig();
     coach.pomodoroIntervalMinutes = m_state.pomodoroInterval;
     coach.checkinStartTime = m_state.checkinStartTime;
     coach.checkinEndTime = m_state.checkinEndTime;

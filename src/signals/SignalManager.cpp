@@ -77,21 +77,32 @@ void SignalManager::setCoachConfig(CoachConfig config)
 
 void SignalManager::loadConfig()
 {
-    m_isConfigUnreadable = false;
     if (!QFileInfo::exists(coachConfigURL())) {
+        m_isConfigUnreadable = false;
         saveConfig();
         return;
     }
+    setCoachConfig(readConfig().value_or(CoachConfig::makeDefault(m_directories)));
+}
+
+CoachConfig SignalManager::currentConfig()
+{
+    return QFileInfo::exists(coachConfigURL()) ? readConfig().value_or(m_coachConfig) : m_coachConfig;
+}
+
+std::optional<CoachConfig> SignalManager::readConfig()
+{
     const tl::expected<CoachConfig, QString> loaded =
         readFile(coachConfigURL())
             .map_error(messageOf)
             .and_then(parseSignal)
             .and_then([this](const QJsonObject& object) { return CoachConfig::fromJson(object, m_directories); });
+    m_isConfigUnreadable = !loaded;
     if (!loaded) {
         printFor(QStringLiteral("Failed to load config: ") + loaded.error());
-        m_isConfigUnreadable = true;
+        return std::nullopt;
     }
-    setCoachConfig(loaded ? *loaded : CoachConfig::makeDefault(m_directories));
+    return *loaded;
 }
 
 void SignalManager::saveConfig()

@@ -47,6 +47,9 @@ public:
     /// Reads the configuration from its file; writes the file when there is none. A file that can't be read or makes no
     /// sense yields the defaults and stays as it is.
     void loadConfig();
+    /// The configuration with what others have written into its file since it was loaded; the one in memory where there
+    /// is no file, or none that makes sense. Changes nothing in memory.
+    CoachConfig currentConfig();
     /// Writes the configuration to its file; one that made no sense is kept beside it as a copy.
     void saveConfig();
 
@@ -79,6 +82,7 @@ Q_SIGNALS:
     void coachConfigChanged();
 
 private:
+    std::optional<CoachConfig> readConfig();
     void startWatching();
     void checkForAlerts();
     void markAlertAcknowledged(const QString& alertId);

@@ -25,7 +25,6 @@ private Q_SLOTS:
     {
         motion::set(motion::Setting::Never);
         m_desktop = std::make_unique<Desktop>([](AppConfig& config) { config.windowMode = "made up"; });
-        m_desktop->changeCoach([](CoachConfig& coach) { coach.misalignmentThreshold = 7; }); // not among the controls
         open();
     }
     void cleanup()
@@ -74,6 +73,12 @@ private Q_SLOTS:
         type("Reminder time 3", " 21:30\t");
         QVERIFY(m_desktop->settings() == config && m_desktop->coach() == coach);
 
+        // Meanwhile somebody edits the coach's file by hand: this is not among the controls.
+        QByteArray file = readTestFile(m_desktop->signalManager.coachConfigURL());
+        writeTestFile(m_desktop->signalManager.coachConfigURL(),
+                      file.replace("\"misalignment_threshold\": 2", "\"misalignment_threshold\": 7"));
+        coach.misalignmentThreshold = 7;
+
         QTest::keyClick(named<TextArea>(*m_window, "Coach Prompt"), Qt::Key_Return, Qt::ControlModifier);
         config.vaultPath = m_desktop->folder.path();
         config.saveSubfolder = "Ideas";
@@ -92,6 +97,14 @@ private Q_SLOTS:
         QVERIFY(m_desktop->settings() == config && ConfigManager(m_desktop->directories).config() == config);
         m_desktop->signalManager.loadConfig();
         QVERIFY(m_desktop->coach() == coach);
+
+        // A slip in it costs nothing but itself.
+        writeTestFile(m_desktop->signalManager.coachConfigURL(), "{");
+        model().loadSettings();
+        model().saveSettings();
+        m_desktop->signalManager.loadConfig();
+        QVERIFY(m_desktop->coach() == coach);
+        QCOMPARE(readTestFile(m_desktop->signalManager.coachConfigURL() + ".unreadable"), QByteArray("{"));
     }
 
     void app_switchSpringsBackWhereItFails()
