@@ -131,7 +131,7 @@ DailyNoteManager::Watch DailyNoteManager::openWatch(const QString& path)
         }
     };
     // The watch is cancelled before this object goes, so the handler always finds it there.
-    return m_fileEvents.open(path, Event::Written | Event::Grown | Event::Renamed,
+    return m_fileEvents.open(path, Event::Written | Event::Renamed,
                              [this, reload](FileEventSource::Events) { m_runLoop.async(this, reload); });
 }
 

@@ -13,19 +13,18 @@
 
 namespace flitmark {
 
-/// A watch on one open file. It follows that file, whatever becomes of its name, until it is cancelled.
+/// A watch on one file. It follows that file, whatever becomes of its name, until it is cancelled, and does not hold it
+/// open: its volume can be unmounted.
 ///
 /// Opened and cancelled on the main thread; cancelled at the latest when it is destroyed.
 class FileEventSource
 {
 public:
     enum class Event {
-        /// Data was written into the file, or it was cut.
+        /// Data was written into the file, or it was cut or grew.
         Written = 1,
-        /// The file is longer than before.
-        Grown = 2,
         /// The file was renamed or moved.
-        Renamed = 4,
+        Renamed = 2,
     };
     Q_DECLARE_FLAGS(Events, Event)
 
@@ -36,11 +35,11 @@ public:
     virtual ~FileEventSource() = default;
     Q_DISABLE_COPY_MOVE(FileEventSource)
 
-    /// Ends the watch and closes its descriptor. A call of the handler that is under way is waited for; none comes
+    /// Ends the watch. A call of the handler that is under way is waited for; none comes
     /// after. Not to be called by the handler itself.
     virtual void cancel() = 0;
 
-    /// The descriptor that the file is open on, only to receive events; -1 once cancelled.
+    /// The descriptor that the events are received on, which watches may share; -1 once cancelled.
     virtual int descriptor() const = 0;
 };
 

@@ -178,7 +178,7 @@ void SignalManager::startWatching()
     }
     using Event = FileEventSource::Event;
     // The watch is cancelled before this object goes, so the handler always finds it there.
-    auto source = m_fileEvents.open(coachAlertURL(), Event::Written | Event::Grown, [this](FileEventSource::Events) {
+    auto source = m_fileEvents.open(coachAlertURL(), Event::Written, [this](FileEventSource::Events) {
         m_runLoop.async(this, [this] { checkForAlerts(); });
     });
     if (!source) {

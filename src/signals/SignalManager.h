@@ -72,7 +72,7 @@ public:
     QString userResponseURL() const { return m_signalDirectory + QStringLiteral("/user-response.json"); }
     QString coachConfigURL() const { return m_signalDirectory + QStringLiteral("/coach-config.json"); }
 
-    /// The descriptor the alert file is watched on; -1 when it is not watched.
+    /// The descriptor on which events of the alert file's watch are received; -1 when it is not watched.
     int monitoredFileDescriptor() const { return m_fileMonitor ? m_fileMonitor->descriptor() : -1; }
 
 Q_SIGNALS:

@@ -86,7 +86,7 @@ private Q_SLOTS:
         s.loop.advance(2s);
         QCOMPARE(changes.size(), 2);
         writeTestFile(s.notePath, "## Focus\nNew");
-        s.events.report(s.notePath, Event::Written | Event::Grown);
+        s.events.report(s.notePath, Event::Written | Event::Renamed);
         s.loop.advance(100ms);
         s.events.report(s.notePath, Event::Written);
         s.loop.advance(399ms);

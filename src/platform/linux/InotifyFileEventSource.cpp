@@ -21,12 +21,10 @@ namespace flitmark {
 class InotifyFileEventSource final : public FileEventSource
 {
 public:
-    InotifyFileEventSource(InotifyFileEventSources& owner, int file, Events wanted, Handler handler)
+    InotifyFileEventSource(InotifyFileEventSources& owner, Events wanted, Handler handler)
         : m_owner(owner)
-        , m_file(file)
         , m_wanted(wanted)
         , m_handler(std::move(handler))
-        , m_size(size())
     {
     }
     ~InotifyFileEventSource() override { InotifyFileEventSource::cancel(); }
@@ -34,28 +32,22 @@ public:
 
     void cancel() override
     {
-        if (m_file.isOpen()) {
-            m_owner.remove(*this);
-            m_file.close();
-        }
+        m_owner.remove(*this);
+        watch = -1;
     }
 
-    int descriptor() const override { return m_file.get(); }
+    int descriptor() const override { return watch < 0 ? -1 : m_owner.descriptor(); }
 
     quint32 mask() const
     {
-        const quint32 content = m_wanted.testAnyFlags(Event::Written | Event::Grown) ? IN_MODIFY : 0U;
-        return content | (m_wanted.testFlag(Event::Renamed) ? IN_MOVE_SELF : 0U);
+        return (m_wanted.testFlag(Event::Written) ? IN_MODIFY : 0U) |
+               (m_wanted.testFlag(Event::Renamed) ? IN_MOVE_SELF : 0U);
     }
 
     void handle(quint32 mask)
     {
         Events events;
-        if ((mask & IN_MODIFY) != 0) {
-            const off_t before = std::exchange(m_size, size());
-            events |= Event::Written;
-            events.setFlag(Event::Grown, m_size > before);
-        }
+        events.setFlag(Event::Written, (mask & IN_MODIFY) != 0);
         events.setFlag(Event::Renamed, (mask & IN_MOVE_SELF) != 0);
         events &= m_wanted;
         if (events != Events()) {
@@ -66,17 +58,9 @@ public:
     int watch = -1;
 
 private:
-    off_t size() const
-    {
-        struct stat info = {};
-        return ::fstat(m_file.get(), &info) == 0 ? info.st_size : 0;
-    }
-
     InotifyFileEventSources& m_owner;
-    Descriptor m_file;
     Events m_wanted;
     Handler m_handler;
-    off_t m_size;
 };
 
 FileEventSources& FileEventSources::shared()
@@ -99,12 +83,8 @@ InotifyFileEventSources::open(const QString& path, FileEventSource::Events wante
     if (path.contains(QChar::Null)) {
         return systemError(EINVAL);
     }
-    const int file = ::open(QFile::encodeName(path).constData(), O_PATH | O_CLOEXEC);
-    if (file < 0) {
-        return systemError(errno);
-    }
-    auto source = std::make_unique<InotifyFileEventSource>(*this, file, wanted, std::move(handler));
-    if (const auto added = start().and_then([&] { return add(*source); }); !added) {
+    auto source = std::make_unique<InotifyFileEventSource>(*this, wanted, std::move(handler));
+    if (const auto added = start().and_then([&] { return add(*source, path); }); !added) {
         return tl::unexpected(added.error());
     }
     return source;
@@ -124,12 +104,11 @@ tl::expected<void, FileError> InotifyFileEventSources::start()
     return {};
 }
 
-tl::expected<void, FileError> InotifyFileEventSources::add(InotifyFileEventSource& source)
+tl::expected<void, FileError> InotifyFileEventSources::add(InotifyFileEventSource& source, const QString& path)
 {
     const std::lock_guard lock(m_mutex);
-    // By the open descriptor rather than by name: the file that is open is watched, not one that took its name since.
-    const QByteArray self = "/proc/self/fd/" + QByteArray::number(source.descriptor());
-    source.watch = ::inotify_add_watch(m_events.get(), self.constData(), source.mask() | IN_MASK_ADD);
+    source.watch =
+        ::inotify_add_watch(m_events.get(), QFile::encodeName(path).constData(), source.mask() | IN_MASK_ADD);
     if (source.watch < 0) {
         return systemError(errno);
     }

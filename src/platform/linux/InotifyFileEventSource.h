@@ -30,7 +30,8 @@ private:
     friend class InotifyFileEventSource;
 
     tl::expected<void, FileError> start();
-    tl::expected<void, FileError> add(InotifyFileEventSource& source);
+    tl::expected<void, FileError> add(InotifyFileEventSource& source, const QString& path);
+    int descriptor() const { return m_events.get(); }
     void remove(InotifyFileEventSource& source);
     void run();
     void readEvents();
