@@ -15,19 +15,16 @@ namespace flitmark {
 
 namespace {
 
-/// The first of the places where Obsidian's list may lie that holds a file; empty when none does.
-QString findVaultList(const QString& home, const QString& configHome)
+/// The places where Obsidian's list may lie.
+QStringList vaultListPlaces(const QString& home, const QString& configHome)
 {
-    const QStringList places = {
+    return {
         home + QStringLiteral("/Library/Application Support/obsidian/obsidian.json"),
         configHome + QStringLiteral("/obsidian/obsidian.json"),
         home + QStringLiteral("/.var/app/md.obsidian.Obsidian/config/obsidian/obsidian.json"),
         home + QStringLiteral("/snap/obsidian/current/.config/obsidian/obsidian.json"),
         home + QStringLiteral("/snap/obsidian/common/.config/obsidian/obsidian.json"),
     };
-    const auto found =
-        std::find_if(places.begin(), places.end(), [](const QString& place) { return QFileInfo::exists(place); });
-    return found != places.end() ? *found : QString();
 }
 
 QString lastComponent(const QString& path)
@@ -43,29 +40,38 @@ bool isBeforeByCodePoints(const DetectedVault& a, const DetectedVault& b)
     return std::lexicographical_compare(left.begin(), left.end(), right.begin(), right.end());
 }
 
-} // namespace
-
-std::optional<QList<DetectedVault>> detectObsidianVaults(const QString& home, const QString& configHome)
+/// The vaults in the list at `path`; nothing when there is none or it makes no sense.
+std::optional<QList<DetectedVault>> readVaultList(const QString& path)
 {
-    const QString listPath = findVaultList(home, configHome);
-    if (listPath.isEmpty()) {
-        return std::nullopt;
-    }
-    const QJsonValue entries =
-        QJsonDocument::fromJson(readFile(listPath).value_or(QByteArray())).object().value(u"vaults");
+    const QJsonValue entries = QJsonDocument::fromJson(readFile(path).value_or(QByteArray())).object().value(u"vaults");
     if (!entries.isObject()) {
         return std::nullopt;
     }
     const QJsonObject listed = entries.toObject();
     QList<DetectedVault> vaults;
     for (const auto& entry : listed) {
-        const QJsonValue path = entry.toObject().value(u"path");
-        if (path.isString()) {
-            vaults.append({QUuid::createUuid(), lastComponent(path.toString()), path.toString()});
+        const QJsonValue vault = entry.toObject().value(u"path");
+        if (vault.isString()) {
+            vaults.append({QUuid::createUuid(), lastComponent(vault.toString()), vault.toString()});
         }
     }
     std::stable_sort(vaults.begin(), vaults.end(), isBeforeByCodePoints);
     return vaults;
+}
+
+} // namespace
+
+std::optional<QList<DetectedVault>> detectObsidianVaults(const QString& home, const QString& configHome)
+{
+    std::optional<QList<DetectedVault>> found;
+    for (const QString& place : vaultListPlaces(home, configHome)) {
+        std::optional<QList<DetectedVault>> vaults = readVaultList(place);
+        if (vaults && !vaults->isEmpty()) {
+            return vaults;
+        }
+        found = found ? found : vaults;
+    }
+    return found;
 }
 
 } // namespace flitmark

@@ -22,8 +22,8 @@ struct DetectedVault
 };
 
 /// The vaults in Obsidian's own list, sorted by name in the order of Unicode code points; nothing when there is no list
-/// or it makes no sense. The list is looked for in the user's Library below `home`, then in `configHome`, then where
-/// Flatpak and Snap keep it; the first file that exists counts. Read only, and silent.
+/// that makes sense. The list is looked for in the user's Library below `home`, then in `configHome`, then where
+/// Flatpak and Snap keep it; the first with a vault in it counts. Read only, and silent.
 std::optional<QList<DetectedVault>> detectObsidianVaults(const QString& home, const QString& configHome);
 
 } // namespace flitmark

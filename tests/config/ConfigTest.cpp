@@ -155,7 +155,7 @@ private Q_SLOTS:
             QCOMPARE(vaults ? found.join(u'|') : "no list", names);
         }
     }
-    void vaults_comeFromTheFirstPlaceWithAFile()
+    void vaults_comeFromTheFirstPlaceThatHasSome()
     {
         // From the last place to the first: each outdoes the one before.
         for (const char* place : {"snap/obsidian/common/.config", "snap/obsidian/current/.config",
@@ -163,9 +163,11 @@ private Q_SLOTS:
             writeList(place, R"({"vaults": {"1": {"path": ")" + QByteArray(place) + R"("}}})");
             QCOMPARE(detect().value().at(0).path, place);
         }
-        // A file that makes no sense is not made up for by another.
-        writeList("Library/Application Support", "oops");
-        QVERIFY(!detect());
+        // What another way of installing Obsidian has left behind hides nothing.
+        for (const char* leftOver : {"oops", "{}", R"({"vaults": {}})", R"({"vaults": {"1": {"path": 7}}})"}) {
+            writeList("Library/Application Support", leftOver);
+            QCOMPARE(detect().value().at(0).path, "xdg");
+        }
     }
 
 private:
