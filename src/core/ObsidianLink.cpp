@@ -3,6 +3,7 @@
 
 #include <core/ObsidianLink.h>
 
+#include <QDir>
 #include <QStringEncoder>
 
 namespace flitmark {
@@ -42,8 +43,10 @@ std::optional<QString> percentEncoded(const QString& text)
 
 std::optional<QUrl> obsidianLink(QString vaultPath, QString notePath)
 {
-    while (vaultPath.endsWith(u'/')) {
-        vaultPath.chop(1);
+    vaultPath = QDir::cleanPath(vaultPath);
+    notePath = QDir::cleanPath(notePath);
+    if (vaultPath.endsWith(u'/')) {
+        vaultPath.chop(1); // the root
     }
     if (notePath.startsWith(vaultPath + u'/')) {
         notePath.remove(0, vaultPath.size() + 1);

@@ -65,6 +65,9 @@ private Q_SLOTS:
                  {"/v/A-b.c_d~e", "/v/A-b.c_d~e/f.md.md", "A-b.c_d~e&file=f.md"},
                  {"/v/Bücher", "/v/Bücher/漢/🍅.md", "B%C3%BCcher&file=%E6%BC%A2/%F0%9F%8D%85"},
                  {"/v/Notes/", "/v/Notes/md", "Notes&file=md"},
+                 {"/v//Notes/.", "/v/Notes/a.md", "Notes&file=a"},
+                 {"/v/x/../Notes", "/v/x/../Notes/Daily/a.md", "Notes&file=Daily/a"},
+                 {"/", "/a.md", "&file=a"},
                  {"/v/Notes", "/v/Notes2/a.md", "Notes&file=/v/Notes2/a"},
              }) {
             QCOMPARE(obsidianLink(vault, note).value().toEncoded(), QByteArray("obsidian://open?vault=") + query);
