@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include <config/ConfigManager.h>
+#include <core/Links.h>
 #include <core/VaultPathResolver.h>
 #include <platform/Files.h>
 #include <platform/Json.h>
@@ -89,6 +90,10 @@ QString ConfigManager::getSaveDirectory(const QString& noteType) const
     const QString inbox = QStringLiteral("Inbox");
     const auto found = m_config.noteTypes.find(noteType);
     const QString subfolder = found != m_config.noteTypes.end() ? found->subfolder : m_config.saveSubfolder;
+    if (const auto real = resolveLinks(m_config.vaultPath + u'/' + subfolder); !real) {
+        printLine(QStringLiteral("Failed to look at the folder \"%1\" in the vault, notes go to \"%2\": %3")
+                      .arg(subfolder, inbox, FileError::ofSystem(real.error()).message));
+    }
     return VaultPathResolver::saveDirectory(m_config.vaultPath, subfolder, inbox)
         .value_or(QDir::cleanPath(m_config.vaultPath + u'/' + inbox));
 }

@@ -50,7 +50,8 @@ public:
     QString configURL() const { return m_configURL; }
 
     /// The absolute path of the folder for notes of type `noteType`, inside the vault; it need not exist. Empty when
-    /// the vault's path is not absolute: there is no telling where such a vault would be.
+    /// the vault's path is not absolute: there is no telling where such a vault would be. Where the configured folder
+    /// can't be looked at (its name is too long, say), it is "Inbox", and a line is printed.
     QString getSaveDirectory(const QString& noteType) const;
 
 Q_SIGNALS:

@@ -7,6 +7,7 @@
 #include <QStringList>
 
 #include <algorithm>
+#include <cerrno>
 #include <filesystem>
 #include <system_error>
 #include <utility>
@@ -27,7 +28,7 @@ void pushReversed(QStringList& pending, const QString& path)
 
 } // namespace
 
-std::optional<QString> resolveLinks(const QString& path)
+tl::expected<QString, int> resolveLinks(const QString& path)
 {
     namespace fs = std::filesystem;
 
@@ -49,7 +50,7 @@ std::optional<QString> resolveLinks(const QString& path)
         std::error_code error;
         const fs::file_status status = fs::symlink_status(nextPath, error);
         if (status.type() == fs::file_type::none) {
-            return std::nullopt;
+            return tl::unexpected(error.value());
         }
         if (status.type() != fs::file_type::symlink) {
             resolved = next;
@@ -57,12 +58,18 @@ std::optional<QString> resolveLinks(const QString& path)
         }
         const fs::path target = fs::read_symlink(nextPath, error);
         if (error || linksLeft-- == 0) {
-            return std::nullopt;
+            return tl::unexpected(error ? error.value() : ELOOP);
+        }
+        const QByteArray targetBytes = QByteArray::fromStdString(target.native());
+        const QString targetName = QFile::decodeName(targetBytes);
+        // Another name in its place would be another file.
+        if (QFile::encodeName(targetName) != targetBytes) {
+            return tl::unexpected(EILSEQ);
         }
         if (target.is_absolute()) {
             resolved.clear();
         }
-        pushReversed(pending, QFile::decodeName(target.native().c_str()));
+        pushReversed(pending, targetName);
     }
     return resolved.isEmpty() ? QStringLiteral("/") : resolved;
 }

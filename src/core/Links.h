@@ -5,13 +5,14 @@
 
 #include <QString>
 
-#include <optional>
+#include <tl/expected.hpp>
 
 namespace flitmark {
 
 /// The absolute path that `path`, an absolute path, leads to once every link in it is followed and every "." and ".."
 /// taken away. Nothing at the end of a path or of a link need exist: what is missing is taken to be a plain folder, as
-/// it would be after creating it. Nothing comes back when links lead in a circle or may not be read.
-std::optional<QString> resolveLinks(const QString& path);
+/// it would be after creating it. An error is the system's number for why a
+/// part can't be looked at: links that lead in a circle, a name that is too long or no UTF-8, missing rights.
+tl::expected<QString, int> resolveLinks(const QString& path);
 
 } // namespace flitmark

@@ -45,8 +45,8 @@ tl::expected<QStringList, VaultPathResolverError> VaultPathResolver::sanitizedPa
 
 bool VaultPathResolver::isContained(const QString& candidate, const QString& base)
 {
-    const std::optional<QString> realCandidate = resolveLinks(candidate);
-    std::optional<QString> realBase = resolveLinks(base);
+    const auto realCandidate = resolveLinks(candidate);
+    auto realBase = resolveLinks(base);
     if (!realCandidate || !realBase) {
         return false;
     }

@@ -49,11 +49,7 @@ tl::expected<QString, FileError> followLinks(const QString& path)
     if (!QFileInfo(path).isSymLink()) {
         return path;
     }
-    if (const std::optional<QString> target = resolveLinks(path)) {
-        return *target;
-    }
-    struct stat info = {};
-    return systemError(::stat(QFile::encodeName(path).constData(), &info) != 0 ? errno : ELOOP);
+    return resolveLinks(path).map_error(&FileError::ofSystem);
 }
 
 /// A name in `folder` that file lists and sync programs pass over: hidden, and shaped like a temporary file.

@@ -125,7 +125,15 @@ private Q_SLOTS:
             config.saveSubfolder = "Mine/x";
         });
         QCOMPARE(manager.getSaveDirectory("Task"), "/V/Inbox");
+        OutputCapture output;
         QCOMPARE(manager.getSaveDirectory("Other"), "/V/Mine/x");
+        QCOMPARE(output.lines(), QStringList());
+        manager.update([this](AppConfig& config) {
+            config.vaultPath = m_home->path();
+            config.saveSubfolder = QString(256, u'x');
+        });
+        QCOMPARE(manager.getSaveDirectory("Other"), m_home->path() + "/Inbox");
+        QVERIFY(output.lines().join(u'|').endsWith("notes go to \"Inbox\": File name too long"));
         for (const char* noVault : {"", "Vault", "~/Vault", ":/Vault"}) {
             manager.update([noVault](AppConfig& config) { config.vaultPath = noVault; });
             QCOMPARE(manager.getSaveDirectory("Task"), QString());

@@ -10,6 +10,7 @@
 
 #include <QRandomGenerator>
 
+#include <cerrno>
 #include <limits>
 
 using namespace flitmark;
@@ -172,7 +173,14 @@ private Q_SLOTS:
         QCOMPARE(resolveLinks(path("vault/Link/../x")), path("outside/x"));
         makeTestLink("b", path("a"));
         makeTestLink("a", path("b"));
-        QVERIFY(!resolveLinks(path("a/x")));
+        QCOMPARE(resolveLinks(path("a/x")).error(), ELOOP);
+        QCOMPARE(resolveLinks(path("vault/") + QString(256, u'x')).error(), ENAMETOOLONG);
+        // A target that is no UTF-8, and is a link itself: what its replacement names is not there, and looks harmless.
+        const QByteArray odd = QFile::encodeName(path("vault/")) + '\xFF';
+        QCOMPARE(::symlink("../outside", odd.constData()), 0);
+        QCOMPARE(::symlink("\xFF", qPrintable(path("vault/Odd"))), 0);
+        QCOMPARE(resolveLinks(path("vault/Odd")).error(), EILSEQ);
+        QCOMPARE(VaultPathResolver::saveDirectory(path("vault"), "Odd", "Inbox").value(), path("vault/Inbox"));
     }
 
 private:

@@ -77,7 +77,7 @@ void checkFolder(const QString& text)
     const auto folder = VaultPathResolver::saveDirectory(vault.path, text, fallback);
     require(folder.has_value(), "a proper fallback always yields a folder");
     require(folder->startsWith(vault.path + u'/'), "the folder is named inside the vault");
-    const std::optional<QString> real = resolveLinks(*folder);
+    const auto real = resolveLinks(*folder);
     require(real && (*real + u'/').startsWith(resolveLinks(vault.path).value() + u'/'),
             "the folder is inside the vault");
     // Whatever the text is as a fallback, it is refused or names a folder inside the vault.
