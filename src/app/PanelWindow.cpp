@@ -12,12 +12,19 @@
 #include <QWindow>
 
 #include <algorithm>
+#include <cmath>
 
 namespace flitmark {
 
 namespace {
 
 constexpr double lowestOpacity = 0.5;
+
+/// `length` in whole points from `least` to `most`; also what no whole number could hold.
+int lengthWithin(double length, int least, int most)
+{
+    return qRound(std::fmin(std::fmax(length, least), most));
+}
 
 } // namespace
 
@@ -53,9 +60,9 @@ PanelWindow::PanelWindow(WindowManager& windowManager, ConfigManager& configMana
 void PanelWindow::takeStoredSize()
 {
     const AppConfig& config = m_configManager.config();
-    const QSize stored(qRound(config.panelWidth), qRound(config.panelHeight));
     setFrameLimits(minimumPanelSize, maximumPanelSize);
-    setFrameRect(QRect(QPoint(0, 0), stored.expandedTo(minimumPanelSize).boundedTo(maximumPanelSize)));
+    setFrameRect(QRect(0, 0, lengthWithin(config.panelWidth, minimumPanelSize.width(), maximumPanelSize.width()),
+                       lengthWithin(config.panelHeight, minimumPanelSize.height(), maximumPanelSize.height())));
     if (config.panelWidth < minimumPanelSize.width() || config.panelHeight < minimumPanelSize.height()) {
         storeSize();
     }

@@ -29,7 +29,8 @@ private Q_SLOTS:
     void madeUpSettings_leaveAPanelThatCanBeSeenAndReached()
     {
         Desktop desktop([](AppConfig& config) {
-            config.panelWidth = config.panelHeight = 900;
+            config.panelWidth = 900;
+            config.panelHeight = 1e300;
             config.windowMode = "Normal";
             config.windowOpacity = 0;
         });
