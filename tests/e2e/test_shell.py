@@ -7,7 +7,9 @@ import signal
 import subprocess
 import time
 
+from desktop import processes
 from desktop.case import SetUpCase
+from desktop.program import SANITIZER_OPTIONS, executable
 from desktop.screen import Screen
 from desktop.waiting import PATIENCE, hold, wait_until
 
@@ -109,6 +111,14 @@ class ShellTest(SetUpCase):
         lines = self.program.output().removeprefix(before).splitlines()
         self.assertEqual(len(lines), 1, lines)
         self.assertEqual(self.home.draft()["content"], "Do not lose me")
+
+    def test_started_without_standard_descriptors_it_prints_into_no_file(self):
+        program = processes.start(["/bin/sh", "-c", 'exec "$0" <&- >&- 2>&-', executable()],
+                                  self.desktop.environment | SANITIZER_OPTIONS | {"HOME": str(self.home.folder)})
+        self.addCleanup(processes.stop, program)
+        self.screen.window("Flitmark Button")
+        for number in range(3):
+            self.assertEqual(os.readlink(f"/proc/{program.pid}/fd/{number}"), "/dev/null")
 
     def test_without_a_display_it_says_so(self):
         for variables in ({"DISPLAY": ""}, {"DISPLAY": ":9999"}):
