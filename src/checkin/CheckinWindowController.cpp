@@ -20,9 +20,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// After the full minute, so that a timer that is early by a hair still finds itself in it.
-constexpr RunLoop::Duration afterFullMinute = 50ms;
-
 void printFor(const QString& text)
 {
     printLine(QStringLiteral("CheckinWindowController: ") + text);
@@ -36,11 +33,6 @@ QString inUtc(const QDateTime& time)
 QString callSound()
 {
     return QStringLiteral("Tink");
-}
-
-RunLoop::Duration untilNextMinute(QTime now)
-{
-    return 1min - RunLoop::Duration(now.msecsSinceStartOfDay()) % 1min + afterFullMinute;
 }
 
 } // namespace
@@ -197,7 +189,7 @@ void CheckinWindowController::startDailyReviewTimer()
 /// Sets the timer to the next full minute, by the clock as it is now: each check aligns the one after it.
 void CheckinWindowController::scheduleDailyReviewCheck()
 {
-    m_dailyReviewTimer = m_services.runLoop.every(untilNextMinute(m_services.runLoop.now().time()), [this] {
+    m_dailyReviewTimer = m_services.runLoop.every(m_services.runLoop.untilNextMinute(), [this] {
         scheduleDailyReviewCheck();
         announceNewDay();
         checkDailyReviewSchedule();

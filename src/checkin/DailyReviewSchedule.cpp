@@ -4,6 +4,7 @@
 #include <checkin/DailyReviewSchedule.h>
 #include <config/AppConfig.h>
 #include <core/Text.h>
+#include <core/TimeOfDay.h>
 
 #include <algorithm>
 #include <utility>
@@ -15,7 +16,7 @@ namespace {
 constexpr qint64 snoozeSeconds = qint64(15) * 60;
 constexpr int longestWayBack = 4 * 60;
 
-int minuteOfDay(const QDateTime& time)
+int minuteAt(const QDateTime& time)
 {
     return time.time().hour() * 60 + time.time().minute();
 }
@@ -23,28 +24,13 @@ int minuteOfDay(const QDateTime& time)
 /// The first minute of `now`'s day that no check has covered yet, counted from midnight; the current one at the latest.
 int firstOpenMinute(const std::optional<QDateTime>& lastRun, const QDateTime& now)
 {
-    const int current = minuteOfDay(now);
+    const int current = minuteAt(now);
     // Without an earlier check nothing was missed, and a clock that was set back makes its minutes no second time.
     if (!lastRun || *lastRun > now) {
         return current;
     }
-    const int first = lastRun->date() < now.date() ? 0 : minuteOfDay(*lastRun) + 1;
+    const int first = lastRun->date() < now.date() ? 0 : minuteAt(*lastRun) + 1;
     return std::min(std::max(first, current - longestWayBack), current);
-}
-
-/// The minute of the day that `time`, trimmed, names; nothing when it names none.
-std::optional<int> configuredMinute(const QString& time)
-{
-    const QStringList pieces = time.split(u':', Qt::SkipEmptyParts);
-    if (pieces.size() != 2) {
-        return std::nullopt;
-    }
-    const std::optional<qint64> hour = parseInteger(pieces[0]);
-    const std::optional<qint64> minute = parseInteger(pieces[1]);
-    if (!hour || !minute || *hour < 0 || *hour > 23 || *minute < 0 || *minute > 59) {
-        return std::nullopt;
-    }
-    return static_cast<int>(*hour * 60 + *minute);
 }
 
 } // namespace
@@ -76,12 +62,12 @@ bool DailyReviewSchedule::check(const QDateTime& now, const AppConfig& config)
 bool DailyReviewSchedule::isOpen(const QString& time, const QDateTime& now, int firstMinute,
                                  const QDateTime& notBefore) const
 {
-    const std::optional<int> minute = configuredMinute(time);
-    if (!minute || *minute < firstMinute || *minute > minuteOfDay(now) || m_firedTimes.contains(time)) {
+    const std::optional<int> minute = minuteOfDay(time);
+    if (!minute || *minute < firstMinute || *minute > minuteAt(now) || m_firedTimes.contains(time)) {
         return false;
     }
     const QDateTime begin(now.date(), QTime(*minute / 60, *minute % 60));
-    return *minute == minuteOfDay(now) || !notBefore.isValid() || begin >= notBefore;
+    return *minute == minuteAt(now) || !notBefore.isValid() || begin >= notBefore;
 }
 
 void DailyReviewSchedule::snooze(const QDateTime& now)

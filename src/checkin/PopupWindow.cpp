@@ -133,10 +133,9 @@ void PopupWindow::ignoreKeysForAMoment()
 
 void PopupWindow::showTime()
 {
-    const QTime now = m_runLoop.now().time();
-    m_time->setText(now.toString(u"HH:mm"));
+    m_time->setText(m_runLoop.now().toString(u"HH:mm"));
     if (isVisible()) {
-        m_clock = m_runLoop.every(1min - RunLoop::Duration(now.msecsSinceStartOfDay()) % 1min, [this] { showTime(); });
+        m_clock = m_runLoop.every(m_runLoop.untilNextMinute(), [this] { showTime(); });
     }
 }
 

@@ -15,6 +15,8 @@ namespace flitmark {
 
 namespace {
 
+using namespace std::chrono_literals;
+
 class QtTimer final : public RunLoop::Timer
 {
 public:
@@ -105,6 +107,12 @@ private:
 };
 
 } // namespace
+
+RunLoop::Duration RunLoop::untilNextMinute() const
+{
+    constexpr Duration littleMore(50);
+    return 1min - Duration(now().time().msecsSinceStartOfDay()) % 1min + littleMore;
+}
 
 RunLoop& RunLoop::shared()
 {

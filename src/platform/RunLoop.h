@@ -42,6 +42,10 @@ public:
     /// The current time, in the local time zone.
     virtual QDateTime now() const = 0;
 
+    /// From now to the next full minute and a little more, so that a timer that is early by a hair still finds itself
+    /// in it.
+    Duration untilNextMinute() const;
+
     /// Queues `task` for the main thread's next turn, in the order of the calls. May be called from any thread.
     virtual void async(const QObject* owner, Task task) = 0;
 

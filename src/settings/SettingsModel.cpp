@@ -5,14 +5,13 @@
 #include <config/ConfigManager.h>
 #include <config/VaultGuess.h>
 #include <core/Text.h>
+#include <core/TimeOfDay.h>
 #include <platform/AppUpdateController.h>
 #include <platform/LoginItemManager.h>
 #include <platform/NotificationCenter.h>
 #include <settings/CoachPreset.h>
 #include <settings/SettingsModel.h>
 #include <signals/SignalManager.h>
-
-#include <QTime>
 
 #include <algorithm>
 
@@ -41,12 +40,6 @@ QString presetPrompt(const QString& style)
         }
     }
     return {};
-}
-
-/// The time of day that `text` names; an invalid one when it names none.
-QTime timeOf(const QString& text)
-{
-    return QTime::fromString(text, QStringLiteral("H:mm"));
 }
 
 bool isKnownStyle(const QString& style)
@@ -188,7 +181,7 @@ QString SettingsModel::detectionModeDescription() const
 
 bool SettingsModel::isTimeOfDay(QStringView time)
 {
-    return timeOf(time.toString()).isValid();
+    return minuteOfDay(time).has_value();
 }
 
 QString SettingsModel::checkinWindowProblem() const
@@ -199,7 +192,7 @@ QString SettingsModel::checkinWindowProblem() const
     if (!isTimeOfDay(m_state.checkinEndTime)) {
         return tr("End Time is not a 24-hour time such as 18:00.");
     }
-    return timeOf(m_state.checkinStartTime) > timeOf(m_state.checkinEndTime)
+    return minuteOfDay(m_state.checkinStartTime) > minuteOfDay(m_state.checkinEndTime)
                ? tr("The end comes before the start: no check-in will appear.")
                : QString();
 }

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include <config/VaultGuess.h>
-#include <core/Text.h>
+#include <core/TimeOfDay.h>
 #include <platform/Directories.h>
 #include <platform/Json.h>
 #include <signals/CoachConfig.h>
@@ -12,22 +12,6 @@
 namespace flitmark {
 
 namespace {
-
-/// The minutes from midnight to `time`, hours and minutes not checked for their range.
-std::optional<qint64> minutesOf(const QString& time)
-{
-    const QStringList parts = time.split(u':', Qt::SkipEmptyParts);
-    if (parts.size() != 2) {
-        return std::nullopt;
-    }
-    const auto hours = parseInteger(parts[0]);
-    const auto minutes = parseInteger(parts[1]);
-    qint64 sum = 0;
-    if (!hours || !minutes || __builtin_mul_overflow(*hours, 60, &sum) || __builtin_add_overflow(sum, *minutes, &sum)) {
-        return std::nullopt;
-    }
-    return sum;
-}
 
 DataSources readDataSources(JsonFields& parent, const QJsonObject& object, QString& error)
 {
@@ -102,8 +86,8 @@ tl::expected<CoachConfig, QString> CoachConfig::fromJson(const QJsonObject& obje
 
 bool isWithinWindow(const QString& start, const QString& end, int minuteOfDay)
 {
-    const auto first = minutesOf(start);
-    const auto last = minutesOf(end);
+    const auto first = minutesFromMidnight(start);
+    const auto last = minutesFromMidnight(end);
     return !first || !last || (*first <= minuteOfDay && minuteOfDay <= *last);
 }
 

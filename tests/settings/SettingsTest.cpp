@@ -210,10 +210,10 @@ private Q_SLOTS:
 
     void times_areReadAsTheClockReadsThem()
     {
-        for (const char* time : {"00:00", "7:30", "23:59"}) {
+        for (const char* time : {"00:00", "7:30", "23:59", "18:0", "+7::5"}) {
             QVERIFY2(SettingsModel::isTimeOfDay(QString(time)), time);
         }
-        for (const char* time : {"", "24:00", "12:60", "0730", "07:30:00", " 07:30", "7.30", "7:5"}) {
+        for (const char* time : {"", "24:00", "12:60", "0730", "07:30:00", " 07:30", "7.30", "-1:30"}) {
             QVERIFY2(!SettingsModel::isTimeOfDay(QString(time)), time);
         }
         QVERIFY(model().checkinWindowProblem().isEmpty() && model().dailyReviewTimesProblem().isEmpty());
