@@ -3,11 +3,10 @@
 
 #include <config/VaultDiscovery.h>
 #include <platform/Files.h>
+#include <platform/Json.h>
 
 #include <QDir>
 #include <QFileInfo>
-#include <QJsonDocument>
-#include <QJsonObject>
 
 #include <algorithm>
 
@@ -43,7 +42,8 @@ bool isBeforeByCodePoints(const DetectedVault& a, const DetectedVault& b)
 /// The vaults in the list at `path`; nothing when there is none or it makes no sense.
 std::optional<QList<DetectedVault>> readVaultList(const QString& path)
 {
-    const QJsonValue entries = QJsonDocument::fromJson(readFile(path).value_or(QByteArray())).object().value(u"vaults");
+    const QJsonValue entries =
+        parseJsonObject(readFile(path).value_or(QByteArray())).value_or(QJsonObject()).value(u"vaults");
     if (!entries.isObject()) {
         return std::nullopt;
     }

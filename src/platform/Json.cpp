@@ -2,301 +2,207 @@
 // SPDX-License-Identifier: MIT
 
 #include <platform/Json.h>
-#include <platform/RawJson.h>
 
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QLocale>
+#include <QList>
+#include <QMap>
+#include <QStringDecoder>
 #include <QStringList>
+#include <QVariant>
 
-#include <algorithm>
-#include <cmath>
-#include <string_view>
+#include <nlohmann/json.hpp>
+
+#include <limits>
+#include <string>
 
 namespace flitmark {
 
 namespace {
 
-void appendString(QByteArray& out, const QString& text)
+// So few that whoever walks over the values may do so by recursion.
+constexpr qsizetype maximumDepth = 512;
+
+using Library = nlohmann::json;
+
+/// `text`, which is valid UTF-8. Qt's usual way would take a U+FEFF at its beginning for a mark of the encoding.
+QString toText(const std::string& text)
 {
-    constexpr std::string_view hex = "0123456789abcdef";
-    out += '"';
-    for (const char c : text.toUtf8()) {
-        switch (c) {
-        case '"':
-            out += "\\\"";
-            break;
-        case '\\':
-            out += "\\\\";
-            break;
-        case '/':
-            out += "\\/";
-            break;
-        case '\n':
-            out += "\\n";
-            break;
-        case '\r':
-            out += "\\r";
-            break;
-        case '\t':
-            out += "\\t";
-            break;
-        default:
-            if (static_cast<unsigned char>(c) < 0x20) {
-                out += "\\u00";
-                out += hex[static_cast<unsigned char>(c) >> 4U];
-                out += hex[static_cast<unsigned char>(c) & 0xFU];
-            } else {
-                out += c;
-            }
+    QStringDecoder decode(QStringDecoder::Utf8, QStringConverter::Flag::ConvertInitialBom);
+    return decode(QByteArrayView(text));
+}
+
+/// The problem of text that is no JSON from `byte` on, counted from 1.
+QString senselessAt(qsizetype byte)
+{
+    return QStringLiteral("The data is not valid JSON: it makes no sense at byte %1.").arg(byte);
+}
+
+/// Makes Qt's value of what the library's parser finds. Each operation returns false to end the parsing; `problem` says
+/// why then.
+class ValueBuilder final : public nlohmann::json_sax<Library>
+{
+public:
+    QJsonValue value;
+    QString problem;
+
+    bool null() override { return add(QJsonValue()); }
+    bool boolean(bool found) override { return add(found); }
+    bool number_integer(number_integer_t found) override { return add(qint64{found}); }
+    bool number_unsigned(number_unsigned_t found) override
+    {
+        return found <= std::numeric_limits<qint64>::max() ? add(static_cast<qint64>(found)) : failTooLarge();
+    }
+    bool number_float(number_float_t found, const string_t& text) override
+    {
+        // A whole number that is here is too large for the types of whole numbers: some of its digits would be lost.
+        return text.find_first_of(".eE") != string_t::npos ? add(found) : failTooLarge();
+    }
+    bool string(string_t& found) override { return add(toText(found)); }
+    bool binary(binary_t& /*found*/) override { return false; }
+    bool start_object(size_t /*size*/) override { return open(QJsonValue::Object); }
+    bool key(string_t& found) override
+    {
+        m_levels.back().key = toText(found);
+        return true;
+    }
+    bool end_object() override
+    {
+        const Level level = m_levels.takeLast();
+        QJsonObject object;
+        for (auto member = level.members.begin(); member != level.members.end(); ++member) {
+            object.insert(member.key(), member.value());
         }
+        return add(object);
     }
-    out += '"';
-}
-
-void appendNumber(QByteArray& out, const QJsonValue& value)
-{
-    const QVariant variant = value.toVariant();
-    if (!std::isfinite(variant.toDouble())) {
-        out += "null"; // JSON has no infinity
-        return;
+    bool start_array(size_t /*size*/) override { return open(QJsonValue::Array); }
+    bool end_array() override { return add(m_levels.takeLast().items); }
+    bool parse_error(size_t position, const std::string& /*last*/, const Library::exception& error) override
+    {
+        return dynamic_cast<const Library::out_of_range*>(&error) != nullptr
+                   ? failTooLarge()
+                   : fail(senselessAt(static_cast<qsizetype>(position)));
     }
-    out += variant.typeId() == QMetaType::LongLong
-               ? QByteArray::number(variant.toLongLong())
-               : QByteArray::number(variant.toDouble(), 'g', QLocale::FloatingPointShortest);
-}
 
-void appendValue(QByteArray& out, const QJsonValue& value, int depth);
+private:
+    /// An object or a list that has not ended yet.
+    struct Level
+    {
+        QJsonValue::Type type = QJsonValue::Array;
+        /// That of the next member.
+        QString key;
+        /// Of members with one key the last counts. In order, so that Qt's object takes them quickly.
+        QMap<QString, QJsonValue> members;
+        QJsonArray items;
+    };
 
-void appendObject(QByteArray& out, const QJsonObject& object, int depth)
-{
-    QStringList keys = object.keys();
-    std::sort(keys.begin(), keys.end(), [](const QString& a, const QString& b) { return a.toUtf8() < b.toUtf8(); });
-    out += '{';
-    for (const QString& key : std::as_const(keys)) {
-        if (out.back() != '{') {
-            out += ',';
+    bool open(QJsonValue::Type type)
+    {
+        if (m_levels.size() == maximumDepth) {
+            return fail(QStringLiteral("The data is nested too deeply."));
         }
-        appendJsonLine(out, depth + 1);
-        appendString(out, key);
-        out += ": ";
-        appendValue(out, object.value(key), depth + 1);
+        m_levels.emplaceBack().type = type;
+        return true;
     }
-    if (!keys.isEmpty()) {
-        appendJsonLine(out, depth);
-    }
-    out += '}';
-}
 
-void appendArray(QByteArray& out, const QJsonArray& array, int depth)
-{
-    out += '[';
-    bool isFirst = true;
-    for (const auto& item : array) {
-        if (!isFirst) {
-            out += ',';
+    bool add(const QJsonValue& found)
+    {
+        if (m_levels.isEmpty()) {
+            value = found;
+        } else if (Level& level = m_levels.last(); level.type == QJsonValue::Object) {
+            level.members.insert(level.key, found);
+        } else {
+            level.items.append(found);
         }
-        isFirst = false;
-        appendJsonLine(out, depth + 1);
-        appendValue(out, item, depth + 1);
+        return true;
     }
-    if (!array.isEmpty()) {
-        appendJsonLine(out, depth);
-    }
-    out += ']';
-}
 
-void appendValue(QByteArray& out, const QJsonValue& value, int depth)
+    bool fail(const QString& text)
+    {
+        problem = text;
+        return false;
+    }
+
+    bool failTooLarge()
+    {
+        QStringList path;
+        for (const Level& level : std::as_const(m_levels)) {
+            path.append(level.type == QJsonValue::Object ? level.key : QString::number(level.items.size()));
+        }
+        return fail(QStringLiteral("The value of \"%1\" is too large a number.").arg(path.join(u'.')));
+    }
+
+    QList<Level> m_levels;
+};
+
+Library toLibrary(const QJsonValue& value)
 {
     switch (value.type()) {
     case QJsonValue::Bool:
-        out += value.toBool() ? "true" : "false";
-        break;
+        return value.toBool();
     case QJsonValue::Double:
-        appendNumber(out, value);
-        break;
+        return isWhole(value) ? Library(value.toInteger()) : Library(value.toDouble());
     case QJsonValue::String:
-        appendString(out, value.toString());
-        break;
-    case QJsonValue::Array:
-        appendArray(out, value.toArray(), depth);
-        break;
-    case QJsonValue::Object:
-        appendObject(out, value.toObject(), depth);
-        break;
+        return value.toString().toStdString();
+    case QJsonValue::Array: {
+        Library list = Library::array();
+        for (const auto& item : value.toArray()) {
+            list.push_back(toLibrary(item));
+        }
+        return list;
+    }
+    case QJsonValue::Object: {
+        Library object = Library::object();
+        const QJsonObject members = value.toObject();
+        for (auto member = members.begin(); member != members.end(); ++member) {
+            object[member.key().toStdString()] = toLibrary(member.value());
+        }
+        return object;
+    }
     case QJsonValue::Null:
     case QJsonValue::Undefined:
-        out += "null";
         break;
     }
+    return nullptr;
 }
-
-/// What a value of the wrong type should have been, and the value itself when it is right.
-template<typename T>
-struct FieldReader;
-
-template<>
-struct FieldReader<QString>
-{
-    static constexpr QLatin1StringView name{"a string"};
-    static std::optional<QString> read(const QJsonValue& value)
-    {
-        return value.isString() ? std::optional(value.toString()) : std::nullopt;
-    }
-};
-
-template<>
-struct FieldReader<bool>
-{
-    static constexpr QLatin1StringView name{"true or false"};
-    static std::optional<bool> read(const QJsonValue& value)
-    {
-        return value.isBool() ? std::optional(value.toBool()) : std::nullopt;
-    }
-};
-
-template<>
-struct FieldReader<double>
-{
-    static constexpr QLatin1StringView name{"a number"};
-    static std::optional<double> read(const QJsonValue& value)
-    {
-        return value.isDouble() ? std::optional(value.toDouble()) : std::nullopt;
-    }
-};
-
-template<>
-struct FieldReader<qint64>
-{
-    static constexpr QLatin1StringView name{"a whole number"};
-    static std::optional<qint64> read(const QJsonValue& value)
-    {
-        const QVariant variant = value.toVariant();
-        if (variant.typeId() == QMetaType::LongLong) {
-            return variant.toLongLong();
-        }
-        const double number = value.toDouble();
-        // 2^63 is the first double that no longer fits.
-        const bool fits = value.isDouble() && std::trunc(number) == number && number >= -0x1p63 && number < 0x1p63;
-        return fits ? std::optional(static_cast<qint64>(number)) : std::nullopt;
-    }
-};
-
-template<>
-struct FieldReader<QJsonObject>
-{
-    static constexpr QLatin1StringView name{"an object"};
-    static std::optional<QJsonObject> read(const QJsonValue& value)
-    {
-        return value.isObject() ? std::optional(value.toObject()) : std::nullopt;
-    }
-};
-
-template<>
-struct FieldReader<QJsonArray>
-{
-    static constexpr QLatin1StringView name{"a list"};
-    static std::optional<QJsonArray> read(const QJsonValue& value)
-    {
-        return value.isArray() ? std::optional(value.toArray()) : std::nullopt;
-    }
-};
-
-template<>
-struct FieldReader<QStringList>
-{
-    static constexpr QLatin1StringView name{"a list of strings"};
-    static std::optional<QStringList> read(const QJsonValue& value)
-    {
-        QStringList list;
-        const QJsonArray items = value.toArray();
-        for (const auto& item : items) {
-            if (!item.isString()) {
-                return std::nullopt;
-            }
-            list.append(item.toString());
-        }
-        return value.isArray() ? std::optional(list) : std::nullopt;
-    }
-};
 
 } // namespace
 
+bool isWhole(const QJsonValue& value)
+{
+    // Qt keeps these apart, however they were written.
+    return value.toVariant().typeId() == QMetaType::LongLong;
+}
+
 QByteArray encodeJson(const QJsonValue& value)
 {
-    QByteArray out;
-    appendValue(out, value, 0);
-    out += '\n';
-    return out;
+    constexpr int indent = 2;
+    const std::string text = toLibrary(value).dump(indent, ' ', false, Library::error_handler_t::replace);
+    // Nothing but strings has slashes.
+    return QByteArray::fromStdString(text).replace('/', "\\/") + '\n';
+}
+
+tl::expected<QJsonValue, QString> parseJson(const QByteArray& bytes)
+{
+    if (bytes.trimmed().isEmpty()) {
+        return tl::unexpected(QStringLiteral("The data is empty."));
+    }
+    // The library would take it for the end.
+    if (const qsizetype nul = bytes.indexOf('\0'); nul >= 0) {
+        return tl::unexpected(senselessAt(nul + 1));
+    }
+    ValueBuilder builder;
+    Library::sax_parse(bytes.begin(), bytes.end(), &builder);
+    return builder.problem.isEmpty() ? tl::expected<QJsonValue, QString>(builder.value)
+                                     : tl::unexpected(builder.problem);
 }
 
 tl::expected<QJsonObject, QString> parseJsonObject(const QByteArray& bytes)
 {
-    QJsonParseError error;
-    const QJsonDocument document = QJsonDocument::fromJson(bytes, &error);
-    if (error.error != QJsonParseError::NoError) {
-        return tl::unexpected(
-            QStringLiteral("The data is not valid JSON: %1 at byte %2.").arg(error.errorString()).arg(error.offset));
-    }
-    if (!document.isObject()) {
-        return tl::unexpected(QStringLiteral("The data is JSON, but not an object."));
-    }
-    return document.object();
+    return parseJson(bytes).and_then([](const QJsonValue& value) -> tl::expected<QJsonObject, QString> {
+        if (!value.isObject()) {
+            return tl::unexpected(QStringLiteral("The data is JSON, but not an object."));
+        }
+        return value.toObject();
+    });
 }
-
-JsonFields::JsonFields(QJsonObject object, QString path, QString& error)
-    : m_object(std::move(object))
-    , m_path(std::move(path))
-    , m_error(error)
-{
-}
-
-template<typename T>
-T JsonFields::required(const QString& key)
-{
-    if (!m_object.contains(key)) {
-        fail(key, QStringLiteral("is missing"));
-        return T();
-    }
-    const std::optional<T> value = FieldReader<T>::read(m_object.value(key));
-    if (!value) {
-        fail(key, QStringLiteral("is not ") + FieldReader<T>::name);
-    }
-    return value.value_or(T());
-}
-
-template<typename T>
-std::optional<T> JsonFields::optional(const QString& key)
-{
-    const QJsonValue value = m_object.value(key);
-    return value.isUndefined() || value.isNull() ? std::nullopt : std::optional(required<T>(key));
-}
-
-void JsonFields::fail(const QString& key, const QString& problem)
-{
-    if (m_error.isEmpty()) {
-        m_error = QStringLiteral("The value of \"%1\" %2.").arg(pathOf(key), problem);
-    }
-}
-
-QString JsonFields::pathOf(const QString& key) const
-{
-    return m_path.isEmpty() ? key : m_path + u'.' + key;
-}
-
-template QString JsonFields::required(const QString&);
-template bool JsonFields::required(const QString&);
-template double JsonFields::required(const QString&);
-template qint64 JsonFields::required(const QString&);
-template QJsonObject JsonFields::required(const QString&);
-template QJsonArray JsonFields::required(const QString&);
-template QStringList JsonFields::required(const QString&);
-template std::optional<QString> JsonFields::optional(const QString&);
-template std::optional<bool> JsonFields::optional(const QString&);
-template std::optional<double> JsonFields::optional(const QString&);
-template std::optional<qint64> JsonFields::optional(const QString&);
-template std::optional<QJsonObject> JsonFields::optional(const QString&);
-template std::optional<QJsonArray> JsonFields::optional(const QString&);
-template std::optional<QStringList> JsonFields::optional(const QString&);
 
 } // namespace flitmark

@@ -14,11 +14,19 @@
 
 namespace flitmark {
 
+/// True for a number without a fraction that 64 bits hold, however it was written (20.0).
+bool isWhole(const QJsonValue& value);
+
 /// `value` as the program writes all its JSON: UTF-8, indented, one member per line, keys in byte order at every level,
 /// slashes in strings escaped, whole numbers without a fraction. Ends with a line feed.
 QByteArray encodeJson(const QJsonValue& value);
 
-/// The object that `bytes` hold, or a sentence that says what is wrong with them.
+/// The value that `bytes` hold, strictly by the grammar, or a sentence that says what is wrong with them. Of members
+/// with one key the last counts. A whole number beyond 64 bits, any number beyond a double and more than 512 levels of
+/// values within values are errors: nothing is read as something else.
+tl::expected<QJsonValue, QString> parseJson(const QByteArray& bytes);
+
+/// The same for an object; another value is an error.
 tl::expected<QJsonObject, QString> parseJsonObject(const QByteArray& bytes);
 
 /// Reads the members of one JSON object, strictly: a member of the wrong type is an error, and so is a missing one that
@@ -45,8 +53,6 @@ public:
 
     /// The name of the member `key` inside the document.
     QString pathOf(const QString& key) const;
-
-    const QJsonObject& object() const { return m_object; }
 
 private:
     QJsonObject m_object;

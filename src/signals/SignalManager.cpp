@@ -95,7 +95,7 @@ std::optional<CoachConfig> SignalManager::readConfig()
     const tl::expected<CoachConfig, QString> loaded =
         readFile(coachConfigURL())
             .map_error(messageOf)
-            .and_then(parseSignal)
+            .and_then(parseJsonObject)
             .and_then([this](const QJsonObject& object) { return CoachConfig::fromJson(object, m_directories); });
     m_isConfigUnreadable = !loaded;
     if (!loaded) {
@@ -132,7 +132,7 @@ std::optional<CoachAlert> SignalManager::readCoachAlert() const
         return std::nullopt;
     }
     const tl::expected<CoachAlert, QString> alert =
-        readFile(coachAlertURL()).map_error(messageOf).and_then(parseSignal).and_then(&CoachAlert::fromJson);
+        readFile(coachAlertURL()).map_error(messageOf).and_then(parseJsonObject).and_then(&CoachAlert::fromJson);
     if (!alert) {
         printFor(QStringLiteral("Failed to read coach alert: ") + alert.error());
         return std::nullopt;

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 
 #include <platform/Json.h>
-#include <platform/RawJson.h>
 #include <signals/SignalRecords.h>
 
 namespace flitmark {
@@ -87,25 +86,12 @@ tl::expected<UserResponse, QString> UserResponse::fromJson(const QJsonObject& ob
     return checked(std::move(answer), error);
 }
 
-tl::expected<QJsonObject, QString> parseSignal(const QByteArray& bytes)
-{
-    return RawJson::parse(bytes).and_then([](const RawJson& json) -> tl::expected<QJsonObject, QString> {
-        if (json.kind != RawJson::Kind::Object) {
-            return tl::unexpected(QStringLiteral("The data is JSON, but not an object."));
-        }
-        return json.toValue().toObject();
-    });
-}
-
 tl::expected<QByteArray, QString> acknowledgedAlert(const QByteArray& bytes)
 {
-    return RawJson::parse(bytes).map([](RawJson json) {
-        if (json.kind != RawJson::Kind::Object) {
-            json = RawJson();
-            json.kind = RawJson::Kind::Object;
-        }
-        json.setString(QStringLiteral("status"), QStringLiteral("acknowledged"));
-        return json.encode();
+    return parseJson(bytes).map([](const QJsonValue& value) {
+        QJsonObject alert = value.toObject();
+        alert.insert(QStringLiteral("status"), QStringLiteral("acknowledged"));
+        return encodeJson(alert);
     });
 }
 

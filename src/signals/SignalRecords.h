@@ -61,11 +61,8 @@ struct UserResponse
     bool operator==(const UserResponse&) const = default;
 };
 
-/// The object that the bytes of a signal file hold, ready for the `fromJson` of its record.
-tl::expected<QJsonObject, QString> parseSignal(const QByteArray& bytes);
-
-/// The bytes of an alert file with the status "acknowledged". Every other key and value stays as it was written; what
-/// is no object becomes one with the status alone.
+/// The bytes of an alert file with the status "acknowledged". Every other key keeps its value; what is no object becomes
+/// one with the status alone.
 tl::expected<QByteArray, QString> acknowledgedAlert(const QByteArray& bytes);
 
 } // namespace flitmark

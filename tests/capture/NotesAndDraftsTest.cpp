@@ -89,7 +89,8 @@ private Q_SLOTS:
     void draft_badFile_isNoneAndIsKept()
     {
         for (const auto& [bytes, hint] : {
-                 std::pair("", "not valid JSON"),
+                 std::pair("", "empty"),
+                 {"{\"content\": \"a\n\", \"title\": \"\", \"noteType\": \"F\"}", "not valid JSON"},
                  {R"({"content": "an hour of work")", "not valid JSON"},
                  {R"(["a"])", "not an object"},
                  {R"({"content": "a", "title": "", "timestamp": "2026-01-22T14:03:05Z"})", "\"noteType\" is missing"},

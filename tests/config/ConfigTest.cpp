@@ -71,7 +71,9 @@ private Q_SLOTS:
     void badFile_yieldsDefaultsAndIsKept()
     {
         for (const auto& [bytes, hint] : {
-                 std::pair("", "not valid JSON"),
+                 std::pair("", "empty"),
+                 {R"({"window_opacity": .5})", "not valid JSON"},
+                 {R"({"save_subfolder": "\x"})", "not valid JSON"},
                  {R"({"vault_path": "/years/of/settings", "save_sub")", "not valid JSON"},
                  {"[1]", "not an object"},
                  {R"({"color_palette": "pink"})", "\"color_palette\""},
@@ -153,6 +155,7 @@ private Q_SLOTS:
                  {R"({"1": {"path": "/u/A/"}, "2": {"path": "/u/A"}})", "A|A"},
                  {R"([{"path": "/u"}])", "no list"},
                  {R"({"1": {"path": "/u")", "no list"},
+                 {"{\"1\": {\"path\": \"/a\nb\"}}", "no list"},
              }) {
             writeList("xdg", QByteArray("{\"x\": 1, \"vaults\": ") + list + '}');
             QStringList found;

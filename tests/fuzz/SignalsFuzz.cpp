@@ -3,7 +3,6 @@
 
 #include <platform/Directories.h>
 #include <platform/Json.h>
-#include <platform/RawJson.h>
 #include <signals/CoachConfig.h>
 #include <signals/SignalRecords.h>
 
@@ -12,27 +11,16 @@
 
 #include "Property.h"
 
-#include <algorithm>
-
 namespace flitmark {
 
 namespace {
-
-/// Whether several members of an object in `value` have one key: Qt may keep more than one of those.
-bool hasRepeatedKeys(const QJsonValue& value)
-{
-    const QJsonArray items = value.toArray();
-    const QJsonObject members = value.toObject();
-    return members.keys().removeDuplicates() > 0 || std::any_of(items.begin(), items.end(), hasRepeatedKeys) ||
-           std::any_of(members.begin(), members.end(), hasRepeatedKeys);
-}
 
 /// Whatever `decode` makes of `object` is read back as it was written.
 template<typename Decode>
 void checkRecord(const QJsonObject& object, Decode decode)
 {
     if (const auto record = decode(object)) {
-        require(parseSignal(encodeJson(record->toJson())).and_then(decode) == *record, "a record is read back");
+        require(parseJsonObject(encodeJson(record->toJson())).and_then(decode) == *record, "a record is read back");
     }
 }
 
@@ -40,25 +28,26 @@ void checkRecord(const QJsonObject& object, Decode decode)
 
 void checkInput(const QByteArray& bytes)
 {
-    const auto json = RawJson::parse(bytes);
+    const auto json = parseJson(bytes);
     const auto acknowledged = acknowledgedAlert(bytes);
     require(json.has_value() == acknowledged.has_value(), "what is JSON can be acknowledged");
     if (!json) {
+        require(json.error().startsWith(u"The "), "an error has words");
         return;
     }
-    const QByteArray written = json->encode();
-    require(RawJson::parse(written)->encode() == written, "writing again changes nothing");
+    require(parseJson(encodeJson(*json)) == json, "what is written is read back");
+    // Qt accepts all that is JSON, too, but forgets a U+FEFF that begins a string unless the string holds an escape,
+    // and may keep several members of one key.
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(bytes, &error);
-    // Nor does it see a U+FEFF that begins a string, unless the string holds an escape.
-    if (error.error == QJsonParseError::NoError && !hasRepeatedKeys(document.object()) &&
-        !hasRepeatedKeys(document.array()) && !bytes.contains("\xEF\xBB\xBF")) {
-        require(document == QJsonDocument::fromJson(written), "the written form says the same");
+    require(error.error == QJsonParseError::NoError || !(json->isObject() || json->isArray()), "Qt sees JSON, too");
+    if (document.isArray() && !bytes.contains('{') && !bytes.contains("\xEF\xBB\xBF")) {
+        require(document.array() == *json, "Qt sees the same");
     }
 
-    const auto status = RawJson::parse(*acknowledged)->toValue().toObject().value(u"status");
+    const auto status = parseJsonObject(*acknowledged).value().value(u"status");
     require(status == "acknowledged", "the acknowledged form says so");
-    const auto object = parseSignal(bytes);
+    const auto object = parseJsonObject(bytes);
     if (!object) {
         return;
     }
