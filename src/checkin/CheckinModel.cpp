@@ -92,15 +92,17 @@ QString CheckinModel::focusToLog() const
 
 void CheckinModel::completePomodoro()
 {
-    if (isAnswered()) {
-        return;
-    }
+    answerOnFreshNote([this] { return logCompleted(); });
+}
+
+CheckinResponse CheckinModel::logCompleted()
+{
     // Both before the entry is logged, which may bring another state of the note.
     const QString focus = focusToLog();
     const qint64 count = m_dailyNoteManager.todayNote().pomodoroCount;
     m_dailyNoteManager.addPomodoroEntry(focus);
     m_signalManager.writeDailyFocus(focus, QStringLiteral("active"), count + 1);
-    answer({Response::Kind::onTrack});
+    return {Response::Kind::onTrack};
 }
 
 void CheckinModel::startCompletingTask()
@@ -121,30 +123,27 @@ void CheckinModel::cancel()
 void CheckinModel::submit()
 {
     const QString text = trimSpaces(m_newFocus).toString();
-    if (isAnswered() || m_mode == Mode::Answers || text.isEmpty()) {
+    if (m_mode == Mode::Answers || text.isEmpty()) {
         return;
     }
-    if (isCompletingTask()) {
-        completeAndStartNew(text);
-    } else {
-        confirmFocusUpdate(text);
-    }
+    answerOnFreshNote(
+        [this, text] { return isCompletingTask() ? completeAndStartNew(text) : confirmFocusUpdate(text); });
 }
 
 /// The Pomodoro goes to the focus it was spent on.
-void CheckinModel::completeAndStartNew(const QString& text)
+CheckinResponse CheckinModel::completeAndStartNew(const QString& text)
 {
     m_dailyNoteManager.addPomodoroEntry(focusToLog());
     m_dailyNoteManager.updateFocus(text);
-    answer({Response::Kind::completedAndNew, text});
+    return {Response::Kind::completedAndNew, text};
 }
 
-void CheckinModel::confirmFocusUpdate(const QString& text)
+CheckinResponse CheckinModel::confirmFocusUpdate(const QString& text)
 {
     if (m_dailyNoteManager.updateFocus(text)) {
         m_dailyNoteManager.addPomodoroEntry(text);
     }
-    answer({Response::Kind::updatedFocus, text});
+    return {Response::Kind::updatedFocus, text};
 }
 
 void CheckinModel::snooze()
@@ -163,6 +162,17 @@ void CheckinModel::answer(const Response& response)
     if (const DismissCallback onDismiss = std::exchange(m_onDismiss, nullptr)) {
         onDismiss(response);
     }
+}
+
+void CheckinModel::answerOnFreshNote(std::function<Response()> act)
+{
+    if (isAnswered()) {
+        return;
+    }
+    m_dailyNoteManager.loadTodayNote();
+    // After the load has published. The callback may destroy this object.
+    m_runLoop.async(this,
+                    [act = std::move(act), onDismiss = std::exchange(m_onDismiss, nullptr)] { onDismiss(act()); });
 }
 
 } // namespace flitmark

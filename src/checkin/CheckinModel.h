@@ -19,7 +19,9 @@ class SignalManager;
 /// What the check-in popup shows and does, without its widgets: four answers, two of which first ask for a focus.
 ///
 /// An answer changes the daily note and tells the coach where it has to, then goes to the callback, once; whatever is
-/// asked of the model after that does nothing. Main thread only. The services must outlive it.
+/// asked of the model after that does nothing. One that logs or changes something loads the note first, since the day,
+/// the file or the vault may have changed below the popup: it is carried out one turn of the main loop later. Main
+/// thread only. The services must outlive it.
 class CheckinModel final : public QObject
 {
     Q_OBJECT
@@ -72,13 +74,15 @@ Q_SIGNALS:
 private:
     enum class Mode { Answers, UpdatingFocus, CompletingTask };
 
-    void completeAndStartNew(const QString& text);
-    void confirmFocusUpdate(const QString& text);
+    CheckinResponse logCompleted();
+    CheckinResponse completeAndStartNew(const QString& text);
+    CheckinResponse confirmFocusUpdate(const QString& text);
     void setMode(Mode mode, const QString& text);
     QString plannedFocus() const;
     QString focusToLog() const;
     bool isAnswered() const { return !m_onDismiss; }
     void answer(const Response& response);
+    void answerOnFreshNote(std::function<Response()> act);
 
     DailyNoteManager& m_dailyNoteManager;
     SignalManager& m_signalManager;

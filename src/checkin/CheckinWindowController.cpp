@@ -40,7 +40,6 @@ QString callSound()
 CheckinWindowController::CheckinWindowController(const Services& services)
     : m_services(services)
     , m_pomodoro(services.runLoop.now())
-    , m_day(services.runLoop.now().date())
 {
 }
 
@@ -144,6 +143,7 @@ void CheckinWindowController::checkAndShowCheckin()
 
 void CheckinWindowController::showCheckin()
 {
+    m_services.dailyNoteManager.loadTodayNote();
     if (m_services.popups.isCheckinVisible()) {
         m_services.popups.raiseCheckin();
         return;
@@ -191,17 +191,9 @@ void CheckinWindowController::scheduleDailyReviewCheck()
 {
     m_dailyReviewTimer = m_services.runLoop.every(m_services.runLoop.untilNextMinute(), [this] {
         scheduleDailyReviewCheck();
-        announceNewDay();
+        m_services.dailyNoteManager.loadTodayNoteIfMoved();
         checkDailyReviewSchedule();
     });
-}
-
-void CheckinWindowController::announceNewDay()
-{
-    if (const QDate today = m_services.runLoop.now().date(); m_day != today) {
-        m_day = today;
-        Q_EMIT dayChanged();
-    }
 }
 
 void CheckinWindowController::checkDailyReviewSchedule()
@@ -234,7 +226,9 @@ void CheckinWindowController::handleDailyReviewAction(DailyReviewAction action)
         break;
     case DailyReviewAction::openInObsidian:
         m_services.dailyNoteManager.loadTodayNote();
-        m_services.dailyNoteManager.openInObsidian();
+        // What is opened is the published note: it has to be the one just loaded.
+        m_services.runLoop.async(&m_services.dailyNoteManager,
+                                 [manager = &m_services.dailyNoteManager] { manager->openInObsidian(); });
         break;
     case DailyReviewAction::snooze:
         m_dailyReview.snooze(m_services.runLoop.now());

@@ -76,12 +76,13 @@ public:
     void updateTimeRemaining();
     /// Announces a finished Pomodoro and queues the popup, unless it is outside the check-in window or snoozed.
     void checkAndShowCheckin();
-    /// Opens the check-in popup, or raises the one that is open.
+    /// Opens the check-in popup, or raises the one that is open, on the note as it is on disk.
     void showCheckin();
     /// Closes the popup and does what the answer asks for.
     void handleCheckinResponse(const CheckinResponse& response);
 
-    /// Starts the minute checks anew, the first at once. They run shortly after each full minute.
+    /// Starts the minute checks anew, the first at once. They run shortly after each full minute, and load the note of
+    /// a day that has begun.
     void startDailyReviewTimer();
     /// Queues the reminder if one is due now, or was while no check could run.
     void checkDailyReviewSchedule();
@@ -94,21 +95,17 @@ Q_SIGNALS:
     /// `isRunning()` or `isPaused()` changed.
     void stateChanged();
     void timeRemainingRatioChanged(double ratio);
-    /// Another day has begun, a minute ago at most. Only told once `startDailyReviewTimer` ran.
-    void dayChanged();
 
 private:
     template<typename Change>
     void changePomodoro(Change change);
     void finishInterval();
     void scheduleDailyReviewCheck();
-    void announceNewDay();
     std::chrono::minutes interval() const;
 
     Services m_services;
     PomodoroTimer m_pomodoro;
     DailyReviewSchedule m_dailyReview;
-    QDate m_day;
     std::unique_ptr<RunLoop::Timer> m_checkinTimer;
     std::unique_ptr<RunLoop::Timer> m_countdownTimer;
     std::unique_ptr<RunLoop::Timer> m_dailyReviewTimer;

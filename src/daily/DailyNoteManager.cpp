@@ -33,6 +33,7 @@ DailyNoteManager::DailyNoteManager(const Services& services)
     , m_fileEvents(services.fileEvents)
     , m_workspace(services.workspace)
 {
+    connect(&m_configManager, &ConfigManager::configChanged, this, &DailyNoteManager::loadTodayNoteIfMoved);
     loadTodayNote();
 }
 
@@ -91,6 +92,7 @@ void DailyNoteManager::loadTodayNote()
     setLoading(true);
     setLastError(std::nullopt);
     const QString path = getTodayNotePath();
+    m_loadedPath = path;
     if (!QFileInfo::exists(path)) {
         Loaded missing;
         missing.note.path = path;
@@ -110,6 +112,13 @@ void DailyNoteManager::loadTodayNote()
     }
     m_runLoop.async(this, [this, found = *loaded] { publish(found); });
     adoptWatch(std::move(watch));
+}
+
+void DailyNoteManager::loadTodayNoteIfMoved()
+{
+    if (m_loadedPath != getTodayNotePath()) {
+        loadTodayNote();
+    }
 }
 
 void DailyNoteManager::publish(Loaded loaded)

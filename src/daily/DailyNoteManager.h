@@ -21,13 +21,15 @@ class RunLoop;
 class SignalManager;
 class Workspace;
 
-/// Owns today's daily note: finds it in the vault, loads it, watches its file and edits it.
+/// Owns today's daily note: finds it in the vault, loads it, watches its file and edits it. A change of the configured
+/// vault loads the note there; that the day is over somebody has to notice.
 ///
 /// The note is published one turn of the main loop after it was loaded, in the order of the loads. An edit changes only
 /// its own lines and writes the whole file as one. It is made on what the file holds at that moment, also when that is
 /// not what was loaded: a task is found again by its line's text, nearest to where it was. An edit that can't be done,
 /// or not be written, returns false and leaves the file as it was; where that needs saying, `lastError()` says why.
-/// Tasks are named by their `lineNumber` in the published note; any number may be given. Main thread only.
+/// None is made on a note that today's could not take the place of, because its file can't be read. Tasks are named by
+/// their `lineNumber` in the published note; any number may be given. Main thread only.
 class DailyNoteManager final : public QObject
 {
     Q_OBJECT
@@ -71,6 +73,8 @@ public:
     /// Reads today's note and watches its file from now on. A file that can't be read keeps the note that is published
     /// and the watch as they are; one that isn't there is no error.
     void loadTodayNote();
+    /// The same where today's note is another file than the last load's: on another day, or in another vault.
+    void loadTodayNoteIfMoved();
 
     /// Sets today's focus, in the note and for the coach.
     bool updateFocus(const QString& newFocus);
@@ -123,6 +127,8 @@ private:
     FileEventSources& m_fileEvents;
     Workspace& m_workspace;
     DailyNote m_todayNote;
+    /// Where the last load looked. Not the published note's place while, or since, that could not be read.
+    QString m_loadedPath;
     /// The bytes of the file that `m_todayNote` was read from or written to.
     QByteArray m_bytes;
     bool m_isLoading = false;

@@ -61,7 +61,7 @@ tl::expected<DailyNoteManager::Loaded, QString> DailyNoteManager::tryToWrite(con
 
 std::optional<DailyNoteManager::Loaded> DailyNoteManager::write(const QString& prefix, const Edit& edit)
 {
-    if (!m_todayNote.exists) {
+    if (!m_todayNote.exists || m_todayNote.path != m_loadedPath) {
         return std::nullopt;
     }
     bool isFresh = false;

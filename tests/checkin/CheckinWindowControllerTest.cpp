@@ -126,8 +126,19 @@ private Q_SLOTS:
         QCOMPARE(shown, QList<QTime>({QTime(9, 30, 20), QTime(12, 30, 1), QTime(18, 0, 1)}));
     }
 
+    void midnight_bringsTheNextDaysNote()
+    {
+        controller().startDailyReviewTimer();
+        loop().setWallClock(QDateTime(QDate(2026, 1, 22), QTime(23, 59, 30)));
+        writeTestFile(m_services->vault + "/Daily/2026/2026-01-23.md", "");
+        loop().advance(61s);
+        QVERIFY(m_services->daily.todayNote().exists);
+    }
+
     void review_actions()
     {
+        // The note loaded last is yesterday's.
+        loop().setWallClock(loop().now().addDays(1));
         for (const auto action : {DailyReviewAction::openDailyTab, DailyReviewAction::openInObsidian,
                                   DailyReviewAction::dismissed, DailyReviewAction::snooze}) {
             controller().showDailyReview();
@@ -136,7 +147,9 @@ private Q_SLOTS:
             QVERIFY(!m_services->popups.isDailyReviewVisible());
         }
         QCOMPARE(m_services->popups.calls.count("raise review"), 4);
+        loop().runQueued();
         QCOMPARE(m_services->workspace.opened.size(), 1);
+        QVERIFY(m_services->workspace.opened.first().toString().endsWith("&file=Daily/2026/2026-01-23"));
         setReviewTimes({"09:40"});
         controller().startDailyReviewTimer();
         loop().advance(20min);

@@ -65,10 +65,45 @@ private Q_SLOTS:
         model.startCompletingTask();
         model.setNewFocus("More");
         model.submit();
+        services.loop.runQueued();
         QCOMPARE(responses, QList<CheckinResponse>({{Kind::onTrack}}));
         QVERIFY(readTestFile(services.signalManager.dailyFocusURL())
                     .contains("\"focus\": \"Working\",\n  \"pomodoro_count\": 3"));
         QCOMPARE(services.note(), noteWith("", "| 3 | 09:30 | Working |\n", 3));
+    }
+    void answer_goesIntoTheNoteThatIsTodaysThen()
+    {
+        const std::tuple<const char*, QByteArray, void (*)(Stage&)> rows[] = {
+            {"the day ends", noteWith("Old"), [](Stage& s) { s.loop.setWallClock(s.loop.now().addDays(1)); }},
+            {"the note is made", QByteArray(), [](Stage&) {}},
+            {"the vault changes", noteWith("Old"),
+             [](Stage& s) { s.config.update([&s](AppConfig& config) { config.vaultPath = s.vault + '2'; }); }},
+        };
+        for (const auto& [name, before, happens] : rows) {
+            Stage stage(1s, before);
+            happens(stage);
+            writeTestFile(stage.daily.getTodayNotePath(), noteWith("New"));
+            stage.click("On track");
+            stage.loop.runQueued();
+            QVERIFY2(readTestFile(stage.daily.getTodayNotePath()).endsWith("| New |\n"), name);
+            QVERIFY2(stage.note() == before || before.isNull(), name);
+        }
+    }
+    void raisedPopup_showsTheNoteAsItIs()
+    {
+        Stage stage;
+        CheckinWindowController controller({stage.config, stage.signalManager, stage.daily, stage.loop,
+                                            stage.notifications, stage.sound, stage.desktop});
+        writeTestFile(stage.notePath, noteWith("New"));
+        controller.showCheckin();
+        stage.loop.runQueued();
+        QVERIFY(shows(*stage.window(), "New"));
+        // A note that can't be read leaves the last one on screen, but takes no other day's Pomodoro.
+        stage.loop.setWallClock(stage.loop.now().addDays(1));
+        writeTestFile(stage.daily.getTodayNotePath(), "\xE9");
+        stage.click("On track");
+        stage.loop.runQueued();
+        QCOMPARE(stage.note(), noteWith("New"));
     }
     void entry_isTakenWithoutItsSpaces()
     {
@@ -82,6 +117,7 @@ private Q_SLOTS:
             stage.click(answer);
             type(QApplication::focusWidget(), typed);
             press(Qt::Key_Return);
+            stage.loop.runQueued();
             QCOMPARE(stage.note(), after);
             QCOMPARE(stage.responses.value(0).focus, QString::fromLatin1(typed).trimmed());
         }
@@ -134,6 +170,7 @@ private Q_SLOTS:
             QCOMPARE(QApplication::focusWidget(), stage.find("Done → New task"));
             press(Qt::Key_Up);
             press(answer);
+            stage.loop.runQueued();
             QCOMPARE(stage.responses, QList<CheckinResponse>{{Kind::onTrack}});
         }
     }

@@ -31,12 +31,12 @@ private Q_SLOTS:
     {
         TestServices s;
         QVERIFY(!s.daily.todayNote().exists);
-        s.config.update([](AppConfig& config) { config.vaultPath = "/My Vault/"; });
         s.loop.setWallClock(QDateTime(QDate(2027, 1, 1), QTime(0, 0)));
+        s.config.update([](AppConfig& config) { config.vaultPath = "/My Vault/"; });
         QCOMPARE(s.daily.getTodayNotePath(), "/My Vault/Daily/2027/2027-01-01.md");
         QCOMPARE(s.daily.todayNote().path, s.notePath);
-        s.daily.loadTodayNote();
         s.loop.runQueued();
+        QCOMPARE(s.daily.todayNote().path, s.daily.getTodayNotePath());
         // What is opened is the published note, whatever the date is by now.
         s.loop.advance(24h);
         s.daily.openInObsidian();

@@ -126,9 +126,26 @@ private Q_SLOTS:
         tab.loop.advance(40min);
         const QByteArray credited = QByteArray(plainNote).replace("visuals\n-", "visuals 🍅 🍅\n-");
         QCOMPARE(tab.note(), credited);
+        // Another tab takes none; this one does again when it is back.
+        tab.view->setTabShown(false);
+        Q_EMIT tab.notifications.pomodoroCompleted();
+        tab.view->setTabShown(true);
+        tab.settle();
+        QCOMPARE(tab.note(), credited);
+        Q_EMIT tab.notifications.pomodoroCompleted();
+        tab.settle();
+        QCOMPARE(tab.note(), QByteArray(credited).replace("visuals 🍅", "visuals 🍅 🍅"));
+        // The line is another day's task by then.
+        tab.loop.setWallClock(tab.loop.now().addDays(1));
+        const QString tomorrow = tab.daily.getTodayNotePath();
+        writeTestFile(tomorrow, plainNote);
+        tab.model.refresh();
+        tab.settle();
+        Q_EMIT tab.notifications.pomodoroCompleted();
+        QCOMPARE(readTestFile(tomorrow), plainNote);
         tab.model.stopPomodoro();
         Q_EMIT tab.notifications.pomodoroCompleted();
-        QCOMPARE(tab.note(), credited);
+        QCOMPARE(readTestFile(tomorrow), plainNote);
     }
 
     void typing_survivesAReload()
@@ -219,6 +236,12 @@ private Q_SLOTS:
             }
             tab.settle();
             QVERIFY(tab.says("Friday, Jan 23") && tab.says("No daily note"));
+            // The panel comes back after the note was made.
+            tab.host.hide();
+            writeTestFile(tab.daily.getTodayNotePath(), plainNote);
+            tab.host.show();
+            tab.settle();
+            QVERIFY(tab.says("Ship it"));
         }
     }
 };

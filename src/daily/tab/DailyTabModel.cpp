@@ -24,25 +24,16 @@ DailyTabModel::DailyTabModel(const Services& services, DemoMode demoMode)
     connect(&services.signalManager, &SignalManager::currentAlertChanged, this, &DailyTabModel::followAlert);
     connect(&services.checkinController, &CheckinWindowController::stateChanged, this,
             &DailyTabModel::timerStateChanged);
-    connect(&services.checkinController, &CheckinWindowController::dayChanged, this, &DailyTabModel::followDay);
-}
-
-/// At midnight the tab goes on with the new day's note. One that is not shown loads it when it is.
-void DailyTabModel::followDay()
-{
-    if (m_isShown && m_demoMode == DemoMode::Off) {
-        refresh();
-    }
 }
 
 void DailyTabModel::tabShown()
 {
     m_isShown = true;
-    if (m_demoMode == DemoMode::On) {
-        return;
+    if (m_activeTaskLineNumber) {
+        observeCompletion();
     }
-    m_services.dailyNoteManager.loadTodayNote();
-    if (m_services.signalManager.currentAlert()) {
+    refresh();
+    if (m_demoMode == DemoMode::Off && m_services.signalManager.currentAlert()) {
         setShowCoachAlert(true);
     }
 }
@@ -72,7 +63,9 @@ DailyTabModel::Body DailyTabModel::body() const
 
 void DailyTabModel::refresh()
 {
-    m_services.dailyNoteManager.loadTodayNote();
+    if (m_demoMode == DemoMode::Off) {
+        m_services.dailyNoteManager.loadTodayNote();
+    }
 }
 
 void DailyTabModel::openInObsidian()

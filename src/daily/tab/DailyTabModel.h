@@ -46,14 +46,16 @@ public:
     explicit DailyTabModel(const Services& services, DemoMode demoMode = DemoMode::Off);
     Q_DISABLE_COPY_MOVE(DailyTabModel)
 
-    /// To be called when the tab comes on screen: loads the note, and shows an alert that waits.
+    /// To be called when the tab is selected: loads the note, shows an alert that waits, and lets the active task's
+    /// Pomodoros add their tomatoes.
     void tabShown();
-    /// To be called when it leaves the screen: a Pomodoro that ends from now on adds no tomato.
+    /// To be called when another one is: a Pomodoro that ends from now on adds no tomato.
     void tabHidden();
 
     /// The current date, as "Thursday, Jan 22".
     QString headerDate() const;
     Body body() const;
+    /// Loads the note, unless it is not what is shown.
     void refresh();
     void openInObsidian();
 
@@ -101,7 +103,7 @@ public:
     /// The task whose Pomodoro was started here last, until it is stopped here.
     const std::optional<qint64>& activeTaskLineNumber() const { return m_activeTaskLineNumber; }
     bool isTimerPaused() const;
-    /// Starts a Pomodoro. Each that completes from now on adds a tomato to the task.
+    /// Starts a Pomodoro. Each that completes from now on adds a tomato to the task, while its note is today's.
     void startPomodoro(qint64 lineNumber);
     void pauseOrResume();
     void resetTimer();
@@ -140,7 +142,7 @@ private:
     void setActiveTask(std::optional<qint64> lineNumber);
     void setShowCoachAlert(bool isShown);
     void followAlert();
-    void followDay();
+    void observeCompletion();
 
     Services m_services;
     DemoMode m_demoMode;
@@ -150,6 +152,8 @@ private:
     bool m_showCoachAlert = false;
     bool m_showPomodoroTaskPicker = false;
     std::optional<qint64> m_activeTaskLineNumber;
+    /// The note that the line is in.
+    QString m_activeTaskPath;
     QMetaObject::Connection m_pomodoroCompletionObserver;
     bool m_isAddingTask = false;
     QString m_newTaskText;

@@ -63,12 +63,22 @@ void DailyTabModel::setActiveTask(std::optional<qint64> lineNumber)
 void DailyTabModel::startPomodoro(qint64 lineNumber)
 {
     setActiveTask(lineNumber);
+    m_activeTaskPath = m_services.dailyNoteManager.todayNote().path;
     setShowPomodoroTaskPicker(false);
-    disconnect(m_pomodoroCompletionObserver);
     m_services.checkinController.startPomodoroTimer();
+    observeCompletion();
+}
+
+void DailyTabModel::observeCompletion()
+{
+    disconnect(m_pomodoroCompletionObserver);
     m_pomodoroCompletionObserver =
-        connect(&m_services.notificationCenter, &NotificationCenter::pomodoroCompleted, this,
-                [this, lineNumber] { m_services.dailyNoteManager.addPomodoroToTask(lineNumber); });
+        connect(&m_services.notificationCenter, &NotificationCenter::pomodoroCompleted, this, [this] {
+            // In another day's note the line is another task's.
+            if (m_services.dailyNoteManager.todayNote().path == m_activeTaskPath) {
+                m_services.dailyNoteManager.addPomodoroToTask(*m_activeTaskLineNumber);
+            }
+        });
 }
 
 void DailyTabModel::pauseOrResume()

@@ -255,11 +255,11 @@ void DailyTabView::setCornerReserve(int width)
     m_footer->setContentsMargins(8, 8, width > 0 ? std::max(sideMargin, width + 8) : sideMargin, 12);
 }
 
-/// The panel may come back on another day than it went.
+/// While the panel was away the note may have been made, or replaced unseen.
 void DailyTabView::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
-    if (m_isTabShown && m_date->text() != m_model.headerDate()) {
+    if (m_isTabShown) {
         m_model.refresh();
     }
 }
