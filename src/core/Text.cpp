@@ -45,6 +45,18 @@ QStringView trimSpacesAndNewlines(QStringView text)
     return trim(text, [](QChar c) { return isSpace(c) || isLineBreak(c); });
 }
 
+QString onOneLine(QStringView text)
+{
+    QString line;
+    for (LineReader reader(text); reader.next();) {
+        if (reader.number() > 0) {
+            line.append(u' ');
+        }
+        line.append(reader.line());
+    }
+    return line;
+}
+
 std::optional<qint64> parseInteger(QStringView text)
 {
     const bool isNegative = text.startsWith(u'-');

@@ -22,6 +22,9 @@ QStringView trimSpaces(QStringView text);
 /// `text` without spaces, tabs and line breaks at either end.
 QStringView trimSpacesAndNewlines(QStringView text);
 
+/// `text` on one line: a space in the place of each line break, CR LF being one.
+QString onOneLine(QStringView text);
+
 /// The whole number that `text` is: an optional sign and ASCII digits, nothing else. Nothing when it is anything else
 /// or does not fit.
 std::optional<qint64> parseInteger(QStringView text);

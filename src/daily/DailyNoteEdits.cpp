@@ -245,7 +245,7 @@ QString DailyNoteEdits::apply(const Lines& lines, const LineChanges& changes)
     for (qsizetype i = 0; i <= lines.size(); ++i) {
         bool isReplaced = false;
         for (; change != changes.cend() && change->line == i; ++change) {
-            append(change->text);
+            append(onOneLine(change->text));
             isReplaced = isReplaced || change->kind == Kind::Replace;
         }
         if (!isReplaced && i < lines.size()) {

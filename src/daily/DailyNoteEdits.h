@@ -23,6 +23,7 @@ struct LineChange
 
     Kind kind;
     qsizetype line;
+    /// Written on one line, whatever breaks are in it.
     QString text;
 };
 

@@ -76,7 +76,7 @@ public:
     /// The same where today's note is another file than the last load's: on another day, or in another vault.
     void loadTodayNoteIfMoved();
 
-    /// Sets today's focus, in the note and for the coach.
+    /// Sets today's focus, in the note and for the coach, with line breaks as spaces. A blank one is refused.
     bool updateFocus(const QString& newFocus);
     /// Counts one more Pomodoro and logs it with the current time.
     bool addPomodoroEntry(const QString& focus);

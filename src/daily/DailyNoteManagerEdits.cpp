@@ -88,8 +88,13 @@ bool DailyNoteManager::writeAndReload(const QString& prefix, const Edit& edit)
 
 bool DailyNoteManager::updateFocus(const QString& newFocus)
 {
+    const QString focus = onOneLine(newFocus);
+    // A coach may send one that would leave a pair of bare stars in the note.
+    if (trimSpaces(focus).isEmpty()) {
+        return false;
+    }
     const auto edit = [&](const ParsedDailyNote&, const Lines& lines) -> tl::expected<LineChanges, QString> {
-        return DailyNoteEdits::updateFocus(lines, newFocus);
+        return DailyNoteEdits::updateFocus(lines, focus);
     };
     const std::optional<Loaded> written = write(tr("Failed to update focus: "), edit);
     if (!written) {
@@ -97,7 +102,7 @@ bool DailyNoteManager::updateFocus(const QString& newFocus)
     }
     // The note is not loaded again, but its file is another one now.
     adoptWatch(openWatch(written->note.path));
-    m_runLoop.async(this, [this, written = *written, newFocus] {
+    m_runLoop.async(this, [this, written = *written, focus] {
         if (m_todayNote.path != written.note.path) {
             return;
         }
@@ -108,11 +113,11 @@ bool DailyNoteManager::updateFocus(const QString& newFocus)
             m_editedTasks.clear();
         }
         m_todayNote.content = written.note.content;
-        m_todayNote.focus = newFocus;
+        m_todayNote.focus = focus;
         m_bytes = written.bytes;
         Q_EMIT todayNoteChanged();
     });
-    m_signalManager.writeDailyFocus(newFocus, QStringLiteral("active"), m_todayNote.pomodoroCount);
+    m_signalManager.writeDailyFocus(focus, QStringLiteral("active"), m_todayNote.pomodoroCount);
     return true;
 }
 

@@ -1,11 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Flitmark authors
 // SPDX-License-Identifier: MIT
 
+#include <core/Text.h>
 #include <ui/Painting.h>
 #include <ui/TextField.h>
 #include <ui/ThemeScope.h>
 
 #include <QEvent>
+#include <QValidator>
 
 #include <algorithm>
 
@@ -16,6 +18,20 @@ namespace {
 /// What QLineEdit adds left and right of the text by itself.
 constexpr int ownMargin = 2;
 
+/// Takes any text, on one line. Qt asks it about every change before it tells of it, whichever way the text came.
+class OneLineValidator final : public QValidator
+{
+public:
+    using QValidator::QValidator;
+
+    State validate(QString& text, int& cursor) const override
+    {
+        cursor = static_cast<int>(onOneLine(QStringView(text).first(cursor)).size());
+        text = onOneLine(text);
+        return Acceptable;
+    }
+};
+
 } // namespace
 
 TextField::TextField(const QString& name, QWidget* parent)
@@ -24,6 +40,7 @@ TextField::TextField(const QString& name, QWidget* parent)
 {
     setAccessibleName(name);
     setFrame(false);
+    setValidator(new OneLineValidator(this));
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     setPadding(12);
     applyLook();

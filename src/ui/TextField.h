@@ -9,7 +9,7 @@
 
 namespace flitmark {
 
-/// A one-line text field.
+/// A text field of one line: a line break in what is entered, pasted, dropped or set becomes a space.
 class TextField final : public QLineEdit
 {
     Q_OBJECT

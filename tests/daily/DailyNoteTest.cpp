@@ -118,6 +118,17 @@ private Q_SLOTS:
         }
     }
 
+    void textOfSeveralLines_isWrittenAsOne()
+    {
+        const Edits::Lines lines = splitLines(u"## Focus\n## Tasks\n## Pomodoro\n| # |");
+        const QString text = "a\r\nb\u2028\n## c";
+        QCOMPARE(result(lines, Edits::updateFocus(lines, text)), "## Focus\n\na b  ## c\n## Tasks\n## Pomodoro\n| # |");
+        QCOMPARE(result(lines, Edits::addNewTask(lines, text)),
+                 "## Focus\n## Tasks\n- [ ] a b  ## c\n## Pomodoro\n| # |");
+        QCOMPARE(result(lines, Edits::addPomodoroEntry(lines, 4, "09:30", text)),
+                 "## Focus\n## Tasks\n## Pomodoro\n| # |\n| 4 | 09:30 | a b  ## c |");
+    }
+
     void taskLine()
     {
         const char* const none = "(can't be done)";

@@ -118,6 +118,22 @@ private Q_SLOTS:
         QVERIFY(!field->isVisible() && tab.find("Add task")->hasFocus());
     }
 
+    void plannedFocus_isWrittenAsOneLine()
+    {
+        for (const auto& [planned, focus] : {std::pair("The\\r\\n## plan", "The ## plan"), {" \\n", "Ship it"}}) {
+            Tab tab;
+            writeTestFile(tab.signalManager.coachAlertURL(),
+                          QByteArray("{\"alert_id\": \"1\", \"triggered_at\": \"\", \"planned\": \"") + planned +
+                              "\", \"actual\": \"\", \"misalignment_count\": 1, \"status\": \"pending\"}");
+            tab.events.report(tab.signalManager.coachAlertURL(), FileEventSource::Event::Written);
+            tab.settle();
+            tab.model.respondToAlert(DailyTabModel::AlertResponse::Refocusing);
+            QCOMPARE(tab.note(), QByteArray(plainNote).replace("Ship it", focus));
+            tab.settle();
+            QCOMPARE(tab.model.focusText(), focus);
+        }
+    }
+
     void pomodoro_creditsItsTask()
     {
         Tab tab;

@@ -16,6 +16,8 @@
 #include <ui/TextField.h>
 #include <ui/ThemeScope.h>
 
+#include <QClipboard>
+#include <QMimeData>
 #include <QSignalSpy>
 #include <QVBoxLayout>
 
@@ -138,6 +140,45 @@ private Q_SLOTS:
         QCOMPARE(slider->value(), 10);
         QTest::keyClick(slider, Qt::Key_Right);
         QCOMPARE(slider->value(), 9);
+    }
+    void fieldHoldsOneLine()
+    {
+        const QString text = "a\r\nb\u2028c\u2029\n## d";
+        QMimeData data;
+        data.setText(text);
+        QGuiApplication::clipboard()->setText(text);
+        const std::pair<const char*, std::function<void(TextField&)>> ways[] = {
+            {"pasting", [](TextField& field) { QTest::keySequence(&field, QKeySequence::Paste); }},
+            {"dropping",
+             [&data](TextField& field) {
+                 const QPointF place = field.inputMethodQuery(Qt::ImCursorRectangle).toRectF().center();
+                 QDragEnterEvent enter(place.toPoint(), Qt::CopyAction, &data, Qt::LeftButton, {});
+                 QCoreApplication::sendEvent(&field, &enter);
+                 QDropEvent drop(place, Qt::CopyAction, &data, Qt::LeftButton, {});
+                 QCoreApplication::sendEvent(&field, &drop);
+             }},
+            {"composing",
+             [&text](TextField& field) {
+                 QInputMethodEvent commit;
+                 commit.setCommitString(text);
+                 QCoreApplication::sendEvent(&field, &commit);
+             }},
+            {"inserting", [&text](TextField& field) { field.insert(text); }},
+        };
+        for (const auto& [name, enter] : ways) {
+            auto* field = new TextField("Focus");
+            const auto window = windowOf({field});
+            field->setFocus();
+            field->setText("x\ny");
+            QCOMPARE(field->text(), "x y");
+            field->setCursorPosition(1);
+            QStringList told;
+            connect(field, &TextField::textChanged, this, [&told](const QString& now) { told.append(now); });
+            enter(*field);
+            QVERIFY2(told == QStringList("xa b c  ## d y"), qPrintable(name + told.join(u'|')));
+            // Who types on does so behind what came in, or replaces what was dropped.
+            QVERIFY2(field->cursorPosition() == 12 || field->hasSelectedText(), name);
+        }
     }
     void tabsAreOneStop()
     {
