@@ -13,7 +13,6 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QLocale>
 
 namespace flitmark {
 
@@ -50,9 +49,8 @@ QString DailyNoteManager::getTodayNotePath() const
         vault.chop(1);
     }
     const QDate today = m_runLoop.now().date();
-    const QLocale locale;
-    const QString path = vault + QStringLiteral("/Daily/") + locale.toString(today, u"yyyy") + u'/' +
-                         locale.toString(today, u"yyyy-MM-dd") + QStringLiteral(".md");
+    // In ASCII digits whatever the language, as the notes of other programs are named.
+    const QString path = vault + today.toString(u"'/Daily/'yyyy'/'yyyy-MM-dd'.md'");
     return QDir::isAbsolutePath(path) ? path : QDir::currentPath() + u'/' + path;
 }
 

@@ -9,8 +9,6 @@
 #include <platform/RunLoop.h>
 #include <signals/SignalManager.h>
 
-#include <QLocale>
-
 #include <limits>
 
 namespace flitmark {
@@ -123,7 +121,7 @@ bool DailyNoteManager::updateFocus(const QString& newFocus)
 
 bool DailyNoteManager::addPomodoroEntry(const QString& focus)
 {
-    const QString time = QLocale().toString(m_runLoop.now().time(), u"HH:mm");
+    const QString time = m_runLoop.now().toString(u"HH:mm");
     return writeAndReload(tr("Failed to add pomodoro entry: "),
                           [&](const ParsedDailyNote& note, const Lines& lines) -> tl::expected<LineChanges, QString> {
                               const qint64 number =

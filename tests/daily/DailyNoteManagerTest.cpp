@@ -185,6 +185,15 @@ private Q_SLOTS:
         QCOMPARE(s.note(), fresh);
         QCOMPARE(s.daily.todayNote().tasks.first().text, "later");
     }
+
+    void otherDigits_areNotForFiles()
+    {
+        QLocale::setDefault(QLocale("ar_EG"));
+        TestServices s(note);
+        const bool isLogged = s.daily.addPomodoroEntry("Go");
+        QLocale::setDefault(QLocale::system());
+        QVERIFY(isLogged && s.note().contains("| 4 | 09:30 | Go |"));
+    }
 };
 
 QTEST_GUILESS_MAIN(DailyNoteManagerTest)
