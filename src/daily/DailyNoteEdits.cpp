@@ -8,7 +8,6 @@
 #include <QTextBoundaryFinder>
 
 #include <algorithm>
-#include <cstdlib>
 
 namespace flitmark {
 
@@ -93,6 +92,45 @@ void forEachTomato(QStringView line, Visit visit)
             visit(at);
         }
     }
+}
+
+bool isHeading(QStringView line)
+{
+    return trimSpaces(line).startsWith(u'#');
+}
+
+/// The heading of any level that the line at `line` stands under; empty where there is none.
+QStringView headingAbove(const Lines& lines, qint64 line)
+{
+    while (--line >= 0) {
+        if (isHeading(lines[line])) {
+            return lines[line];
+        }
+    }
+    return {};
+}
+
+/// Where the lines equal to a text are: in the whole note, and below a certain heading.
+struct EqualLines
+{
+    QList<qint64> all;
+    QList<qint64> belowHeading;
+};
+
+EqualLines equalLines(const Lines& lines, QStringView text, QStringView heading)
+{
+    EqualLines found;
+    QStringView current;
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        if (lines[i] == text) {
+            found.all.append(i);
+            if (current == heading) {
+                found.belowHeading.append(i);
+            }
+        }
+        current = isHeading(lines[i]) ? lines[i] : current;
+    }
+    return found;
 }
 
 } // namespace
@@ -220,15 +258,15 @@ qint64 DailyNoteEdits::pomodoroCount(QStringView line)
     return count;
 }
 
-std::optional<qint64> DailyNoteEdits::findLine(const Lines& lines, QStringView text, qint64 near)
+std::optional<qint64> DailyNoteEdits::findLine(const Lines& lines, const Lines& before, qint64 line)
 {
-    std::optional<qint64> nearest;
-    for (qsizetype i = 0; i < lines.size(); ++i) {
-        if (lines[i] == text && (!nearest || std::abs(i - near) < std::abs(*nearest - near))) {
-            nearest = i;
-        }
+    const QStringView heading = headingAbove(before, line);
+    const EqualLines then = equalLines(before, before[line], heading);
+    const EqualLines now = equalLines(lines, before[line], heading);
+    if (now.belowHeading.size() == then.belowHeading.size()) {
+        return now.belowHeading[then.belowHeading.indexOf(line)];
     }
-    return nearest;
+    return now.all.size() == 1 && then.all.size() == 1 ? std::optional(now.all.first()) : std::nullopt;
 }
 
 QString DailyNoteEdits::apply(const Lines& lines, const LineChanges& changes)

@@ -64,8 +64,10 @@ public:
     /// How many characters of `line` are tomatoes, a character being what a person sees as one.
     static qint64 pomodoroCount(QStringView line);
 
-    /// The index of the line equal to `text` that is nearest to `near`, the earlier of two; nothing when there is none.
-    static std::optional<qint64> findLine(const Lines& lines, QStringView text, qint64 near);
+    /// Where in `lines` the line is that stood at `line`, a valid index, in `before`, an earlier state of the note. Of
+    /// equal lines it is the one in the same place among those below an equal heading; where their number differs, the
+    /// only one in both states. Nothing when that does not tell.
+    static std::optional<qint64> findLine(const Lines& lines, const Lines& before, qint64 line);
 
     /// The text of a note with `changes` made to its `lines`: one LF between lines.
     static QString apply(const Lines& lines, const LineChanges& changes);

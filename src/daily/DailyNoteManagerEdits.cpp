@@ -144,21 +144,23 @@ bool DailyNoteManager::addNewTask(const QString& text)
 
 bool DailyNoteManager::editTask(const QString& prefix, qint64 lineNumber, TaskEdit edit)
 {
-    const Lines shown = splitLines(m_todayNote.content);
+    Lines shown = splitLines(m_todayNote.content);
     if (!m_todayNote.exists || lineNumber < 0 || lineNumber >= shown.size()) {
         return false;
     }
-    const QString line = m_editedTasks.value(lineNumber, shown[lineNumber].toString());
-    const std::optional<LineChanges> change = edit({line}, 0);
+    for (auto edited = m_editedTasks.cbegin(); edited != m_editedTasks.cend(); ++edited) {
+        shown[edited.key()] = edited.value();
+    }
+    const std::optional<LineChanges> change = edit(shown, lineNumber);
     if (!change) {
         return false;
     }
     const bool isWritten =
         write(prefix, [&](const ParsedDailyNote&, const Lines& lines) -> tl::expected<LineChanges, QString> {
-            const auto found = DailyNoteEdits::findLine(lines, line, lineNumber);
+            const auto found = DailyNoteEdits::findLine(lines, shown, lineNumber);
             if (!found) {
-                return tl::unexpected(prefix + tr("The note was changed by another program, and this task's line is no "
-                                                  "longer in it. Nothing was written."));
+                return tl::unexpected(prefix + QStringLiteral("The note was changed by another program, and which line "
+                                                              "is this task's can't be told. Nothing was written."));
             }
             return *edit(lines, *found);
         }).has_value();

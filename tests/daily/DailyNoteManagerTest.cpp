@@ -186,6 +186,30 @@ private Q_SLOTS:
         QCOMPARE(s.daily.todayNote().tasks.first().text, "later");
     }
 
+    void ofEqualTasks_theOneThatWasMeantIsEdited()
+    {
+        const QByteArray two = "## A\n- [ ] x\n## B\n- [ ] x\n";
+        // The note as it is shown, as it is by then, the line that is ticked, and which line it is now; 0 for none.
+        const std::tuple<QByteArray, QByteArray, qint64, qsizetype> rows[] = {
+            {two, "\n\n" + two, 3, 5},
+            {two, "## B\n- [ ] x\n## A\n- [ ] x\n", 1, 3},
+            {two, "## A\n## B\n- [ ] x\n", 3, 2},
+            {two, "## A\n## B\n- [ ] x\n", 1, 0},
+            {two, "## A\n## B\n- [ ] x\n- [ ] x\n", 1, 0},
+            {"## A\n- [ ] x\n- [ ] x\n", "## A\n- [ ] x\n", 2, 0},
+            {"## A\n- [ ] x\n- [ ] x\n", "top\n## A\n- [ ] x\nmiddle\n- [ ] x\n", 2, 4},
+            {"## A\n- [ ] x\n", "## Other\n- [ ] x\n", 1, 1},
+        };
+        for (const auto& [shown, fresh, line, expected] : rows) {
+            TestServices s(shown);
+            writeTestFile(s.notePath, fresh);
+            QCOMPARE(s.daily.toggleTask(line), expected != 0);
+            QByteArrayList lines = fresh.split('\n');
+            lines[expected].replace("[ ]", "[x]");
+            QCOMPARE(s.note(), lines.join('\n'));
+        }
+    }
+
     void otherDigits_areNotForFiles()
     {
         QLocale::setDefault(QLocale("ar_EG"));

@@ -162,15 +162,6 @@ private Q_SLOTS:
             QVERIFY(!Edits::removePomodoroFromTask(lines, line));
         }
     }
-
-    void findLine_takesTheNearest()
-    {
-        const Edits::Lines lines = splitLines(u"a\nb\na\nc\na\n a");
-        QCOMPARE(Edits::findLine(lines, u"a", 3), 2);
-        QCOMPARE(Edits::findLine(lines, u"a", 1000), 4);
-        QCOMPARE(Edits::findLine(lines, u" a", 0), 5);
-        QVERIFY(!Edits::findLine(lines, u"d", 0));
-    }
 };
 
 QTEST_APPLESS_MAIN(DailyNoteTest)

@@ -86,7 +86,7 @@ void checkInput(const QByteArray& bytes)
     const qsizetype first = bytes.isEmpty() ? 0 : static_cast<uchar>(bytes.back()) % lines.size();
     for (qsizetype i = first; i < qMin(lines.size(), first + 20); ++i) {
         checkTask(lines, i);
-        require(Edits::findLine(lines, lines[i], i) == i, "a line is found where it is");
+        require(Edits::findLine(lines, lines, i) == i, "a line is found where it is");
     }
     const QString word = "Ship it";
     checkOnlyItsLines(lines, Edits::updateFocus(lines, word));
