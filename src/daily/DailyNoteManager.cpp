@@ -74,7 +74,7 @@ tl::expected<DailyNoteManager::Loaded, QString> DailyNoteManager::readNote(const
     }
     std::optional<QString> text = noteText(*bytes);
     if (!text) {
-        return tl::unexpected(tr("The file is not valid UTF-8 text."));
+        return tl::unexpected(QStringLiteral("The file is not valid UTF-8 text."));
     }
     Loaded loaded;
     static_cast<ParsedDailyNote&>(loaded.note) = parseDailyNote(*text);
@@ -103,7 +103,7 @@ void DailyNoteManager::loadTodayNote()
     const auto loaded = readNote(path);
     if (!loaded) {
         m_runLoop.async(this, [this, reason = loaded.error()] {
-            setLastError(tr("Failed to load daily note: ") + reason);
+            fail(QStringLiteral("Failed to load daily note: ") + reason);
             setLoading(false);
         });
         return;
@@ -156,6 +156,12 @@ void DailyNoteManager::setLoading(bool isLoading)
         m_isLoading = isLoading;
         Q_EMIT isLoadingChanged();
     }
+}
+
+void DailyNoteManager::fail(const QString& error)
+{
+    printLine(error);
+    setLastError(error);
 }
 
 void DailyNoteManager::setLastError(std::optional<QString> error)

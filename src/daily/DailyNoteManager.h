@@ -21,15 +21,15 @@ class RunLoop;
 class SignalManager;
 class Workspace;
 
-/// Owns today's daily note: finds it in the vault, loads it, watches its file and edits it. A change of the configured
-/// vault loads the note there; that the day is over somebody has to notice.
+/// Owns today's daily note: finds it in the vault, loads it, watches its file and edits it. Another vault in the
+/// configuration is followed at once; a new day only when `loadTodayNoteIfMoved` is called.
 ///
 /// The note is published one turn of the main loop after it was loaded, in the order of the loads. An edit changes only
-/// its own lines and writes the whole file as one. It is made on what the file holds at that moment, also when that is
-/// not what was loaded: a task is found again by its line's text, nearest to where it was. An edit that can't be done,
-/// or not be written, returns false and leaves the file as it was; where that needs saying, `lastError()` says why.
-/// None is made on a note that today's could not take the place of, because its file can't be read. Tasks are named by
-/// their `lineNumber` in the published note; any number may be given. Main thread only.
+/// its own lines, ends every line with LF and writes the whole file as one. It is made on what the file holds at that
+/// moment, also when that is not what was loaded: a task is found again by its line's text and the heading above it. An
+/// edit that can't be done, or not be written, returns false and leaves the file as it was; where that needs saying, a
+/// printed line and `lastError()` say why. None is made on a note whose place today's has taken without being readable.
+/// Tasks are named by their `lineNumber` in the published note; any number may be given. Main thread only.
 class DailyNoteManager final : public QObject
 {
     Q_OBJECT
@@ -57,7 +57,7 @@ public:
     const DailyNote& todayNote() const { return m_todayNote; }
     /// From the start of a load until its result is published.
     bool isLoading() const { return m_isLoading; }
-    /// Why the last load or edit failed; nothing once a load has begun.
+    /// Why the last load or edit failed, in English, as it is printed; nothing once a load has begun.
     const std::optional<QString>& lastError() const { return m_lastError; }
     /// The descriptor that the note's file is watched on; -1 when it is not watched.
     int watchedFileDescriptor() const { return m_fileWatcher ? m_fileWatcher->descriptor() : -1; }
@@ -91,6 +91,8 @@ Q_SIGNALS:
     void todayNoteChanged();
     void isLoadingChanged();
     void lastErrorChanged();
+    /// `focus`, which is another than the note's, could not be written and would be lost.
+    void focusNotWritten(const QString& focus);
 
 private:
     /// A note together with the bytes of its file, which tell whether the file has changed since.
@@ -113,6 +115,8 @@ private:
     void publish(Loaded loaded);
     void setLoading(bool isLoading);
     void setLastError(std::optional<QString> error);
+    /// Says on standard output, and by `lastError()`, what went wrong.
+    void fail(const QString& error);
 
     /// Makes `edit` on what the file holds and writes it; the note as written, its parsed fields as before the edit.
     /// `prefix` begins the message about a failure.
@@ -127,7 +131,7 @@ private:
     FileEventSources& m_fileEvents;
     Workspace& m_workspace;
     DailyNote m_todayNote;
-    /// Where the last load looked. Not the published note's place while, or since, that could not be read.
+    /// Where the last load looked. The published note is elsewhere until that load has published, or where it can't.
     QString m_loadedPath;
     /// The bytes of the file that `m_todayNote` was read from or written to.
     QByteArray m_bytes;

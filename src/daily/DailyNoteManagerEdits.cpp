@@ -27,6 +27,7 @@ tl::expected<DailyNoteManager::Loaded, QString> DailyNoteManager::tryToWrite(con
     for (int attempt = 0; attempt < maximumAttempts; ++attempt) {
         const auto onDisk = readFile(base.note.path);
         if (!onDisk) {
+            isFresh = true;
             return tl::unexpected(prefix + onDisk.error().message);
         }
         if (*onDisk != base.bytes) {
@@ -54,7 +55,7 @@ tl::expected<DailyNoteManager::Loaded, QString> DailyNoteManager::tryToWrite(con
             return written;
         }
     }
-    return tl::unexpected(prefix + tr("Another program keeps changing the note."));
+    return tl::unexpected(prefix + QStringLiteral("Another program keeps changing the note."));
 }
 
 std::optional<DailyNoteManager::Loaded> DailyNoteManager::write(const QString& prefix, const Edit& edit)
@@ -71,7 +72,7 @@ std::optional<DailyNoteManager::Loaded> DailyNoteManager::write(const QString& p
     if (isFresh) {
         loadTodayNote();
     }
-    setLastError(written.error());
+    fail(written.error());
     return std::nullopt;
 }
 
@@ -94,8 +95,11 @@ bool DailyNoteManager::updateFocus(const QString& newFocus)
     const auto edit = [&](const ParsedDailyNote&, const Lines& lines) -> tl::expected<LineChanges, QString> {
         return DailyNoteEdits::updateFocus(lines, focus);
     };
-    const std::optional<Loaded> written = write(tr("Failed to update focus: "), edit);
+    const std::optional<Loaded> written = write(QStringLiteral("Failed to update focus: "), edit);
     if (!written) {
+        if (focus != m_todayNote.focus) {
+            Q_EMIT focusNotWritten(focus);
+        }
         return false;
     }
     // The note is not loaded again, but its file is another one now.
@@ -122,7 +126,7 @@ bool DailyNoteManager::updateFocus(const QString& newFocus)
 bool DailyNoteManager::addPomodoroEntry(const QString& focus)
 {
     const QString time = m_runLoop.now().toString(u"HH:mm");
-    return writeAndReload(tr("Failed to add pomodoro entry: "),
+    return writeAndReload(QStringLiteral("Failed to add pomodoro entry: "),
                           [&](const ParsedDailyNote& note, const Lines& lines) -> tl::expected<LineChanges, QString> {
                               const qint64 number =
                                   qMin(note.pomodoroCount, std::numeric_limits<qint64>::max() - 1) + 1;
@@ -132,11 +136,11 @@ bool DailyNoteManager::addPomodoroEntry(const QString& focus)
 
 bool DailyNoteManager::addNewTask(const QString& text)
 {
-    return writeAndReload(tr("Failed to add new task: "),
+    return writeAndReload(QStringLiteral("Failed to add new task: "),
                           [&](const ParsedDailyNote&, const Lines& lines) -> tl::expected<LineChanges, QString> {
                               auto changes = DailyNoteEdits::addNewTask(lines, text);
                               if (!changes) {
-                                  return tl::unexpected(tr("Could not find tasks section in daily note"));
+                                  return tl::unexpected(QStringLiteral("Could not find tasks section in daily note"));
                               }
                               return *std::move(changes);
                           });
@@ -173,17 +177,18 @@ bool DailyNoteManager::editTask(const QString& prefix, qint64 lineNumber, TaskEd
 
 bool DailyNoteManager::toggleTask(qint64 lineNumber)
 {
-    return editTask(tr("Failed to toggle task: "), lineNumber, DailyNoteEdits::toggleTask);
+    return editTask(QStringLiteral("Failed to toggle task: "), lineNumber, DailyNoteEdits::toggleTask);
 }
 
 bool DailyNoteManager::addPomodoroToTask(qint64 lineNumber)
 {
-    return editTask(tr("Failed to add pomodoro to task: "), lineNumber, DailyNoteEdits::addPomodoroToTask);
+    return editTask(QStringLiteral("Failed to add pomodoro to task: "), lineNumber, DailyNoteEdits::addPomodoroToTask);
 }
 
 bool DailyNoteManager::removePomodoroFromTask(qint64 lineNumber)
 {
-    return editTask(tr("Failed to remove pomodoro from task: "), lineNumber, DailyNoteEdits::removePomodoroFromTask);
+    return editTask(QStringLiteral("Failed to remove pomodoro from task: "), lineNumber,
+                    DailyNoteEdits::removePomodoroFromTask);
 }
 
 qint64 DailyNoteManager::pomodoroCountForTask(qint64 lineNumber) const

@@ -4,6 +4,7 @@
 #include <checkin/CheckinModel.h>
 #include <checkin/DesktopPopups.h>
 #include <checkin/PopupWindow.h>
+#include <daily/tab/DailyTabModel.h>
 #include <support/Accessible.h>
 #include <support/DesktopDoubles.h>
 #include <support/TestServices.h>
@@ -121,6 +122,22 @@ private Q_SLOTS:
             QCOMPARE(stage.note(), after);
             QCOMPARE(stage.responses.value(0).focus, QString::fromLatin1(typed).trimmed());
         }
+    }
+
+    void entryWithoutANote_waitsInTheDailyTab()
+    {
+        Stage stage(1s, QByteArray());
+        DailyTabModel tab({stage.daily, stage.signalManager, stage.controller, stage.notifications, stage.loop});
+        stage.click("Done → New task");
+        type(QApplication::focusWidget(), "Write");
+        press(Qt::Key_Return);
+        stage.loop.runQueued();
+        QCOMPARE(stage.responses.value(0).focus, "Write");
+        QCOMPARE(tab.isEditingFocus() ? tab.editedFocus() : QString(), "Write");
+        // What is being typed there is not replaced.
+        tab.setEditedFocus("Other");
+        QVERIFY(!stage.daily.updateFocus("Write"));
+        QCOMPARE(tab.editedFocus(), "Other");
     }
 
     void longFocus_leavesTheAnswersOnTheScreen()

@@ -69,6 +69,7 @@ private Q_SLOTS:
             QCOMPARE(s.daily.lastError(),
                      QStringLiteral("Failed to load daily note: ") +
                          (bytes.isNull() ? "Is a directory" : "The file is not valid UTF-8 text."));
+            QVERIFY(s.output->lines().contains(*s.daily.lastError()));
             QCOMPARE(s.daily.todayNote().focus, "Old");
             QVERIFY(!s.daily.toggleTask(3));
             QCOMPARE(s.note(), bytes);
@@ -137,6 +138,9 @@ private Q_SLOTS:
         QVERIFY(QDir(s.vault).removeRecursively());
         QVERIFY(!s.daily.toggleTask(1));
         QCOMPARE(s.daily.lastError(), "Failed to toggle task: No such file or directory");
+        QVERIFY(s.output->lines().contains(*s.daily.lastError()));
+        s.loop.runQueued();
+        QVERIFY(!s.daily.todayNote().exists);
         QVERIFY(!QFileInfo::exists(s.vault)); // not made again for an edit
     }
 

@@ -118,6 +118,22 @@ private Q_SLOTS:
         QVERIFY(!field->isVisible() && tab.find("Add task")->hasFocus());
     }
 
+    void entriesThatCanNotBeWritten_stay()
+    {
+        Tab tab;
+        tab.click("Edit focus");
+        type(tab.find<QLineEdit>("Focus"), "Go");
+        tab.click("Add task");
+        type(tab.find<QLineEdit>("New task"), "Buy milk");
+        QVERIFY(QFile::remove(tab.notePath));
+        tab.click("Save task");
+        QVERIFY(tab.says("No daily note"));
+        tab.model.saveFocus();
+        tab.writeNote(plainNote);
+        tab.click("Save task");
+        tab.click("Save");
+        QVERIFY(tab.note().contains("**Go**") && tab.note().contains("- [ ] Buy milk\n"));
+    }
     void plannedFocus_isWrittenAsOneLine()
     {
         for (const auto& [planned, focus] : {std::pair("The\\r\\n## plan", "The ## plan"), {" \\n", "Ship it"}}) {

@@ -72,7 +72,7 @@ class DailyTest(SetUpCase):
 
         self.note.unlink()
         self.program.click("Send it out 🍅", "check box", "Flitmark")
-        self.program.click("Refresh", window="Flitmark")
+        self.program.wait_for_output("Failed to toggle task: No such file or directory")
         self.program.find("No daily note", "label", "Flitmark")
         self.program.click("Stop & remove from task", window="Flitmark")
         self.program.find("Start Pomodoro for a task", window="Flitmark")

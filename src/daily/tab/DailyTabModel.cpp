@@ -20,6 +20,7 @@ DailyTabModel::DailyTabModel(const Services& services, DemoMode demoMode)
 {
     connect(&services.dailyNoteManager, &DailyNoteManager::todayNoteChanged, this, &DailyTabModel::noteChanged);
     connect(&services.dailyNoteManager, &DailyNoteManager::isLoadingChanged, this, &DailyTabModel::noteChanged);
+    connect(&services.dailyNoteManager, &DailyNoteManager::focusNotWritten, this, &DailyTabModel::keepFocus);
     connect(&services.signalManager, &SignalManager::coachConfigChanged, this, &DailyTabModel::intervalTextChanged);
     connect(&services.signalManager, &SignalManager::currentAlertChanged, this, &DailyTabModel::followAlert);
     connect(&services.checkinController, &CheckinWindowController::stateChanged, this,
@@ -132,10 +133,18 @@ void DailyTabModel::markFocusDone()
 
 void DailyTabModel::saveFocus()
 {
-    if (const QString focus = trimSpaces(m_editedFocus).toString(); !focus.isEmpty()) {
-        m_services.dailyNoteManager.updateFocus(focus);
+    const QString focus = trimSpaces(m_editedFocus).toString();
+    if (focus.isEmpty() || m_services.dailyNoteManager.updateFocus(focus)) {
+        setFocusEditor(FocusEditor::Closed);
     }
-    setFocusEditor(FocusEditor::Closed);
+}
+
+void DailyTabModel::keepFocus(const QString& focus)
+{
+    if (m_focusEditor == FocusEditor::Closed) {
+        setEditedFocus(focus);
+        setFocusEditor(FocusEditor::Editing);
+    }
 }
 
 void DailyTabModel::cancelFocus()
@@ -180,8 +189,9 @@ void DailyTabModel::saveNewTask()
     if (text.isEmpty()) {
         return;
     }
-    m_services.dailyNoteManager.addNewTask(text);
-    cancelNewTask();
+    if (m_services.dailyNoteManager.addNewTask(text)) {
+        cancelNewTask();
+    }
 }
 
 void DailyTabModel::cancelNewTask()

@@ -78,7 +78,8 @@ public:
     void editFocus();
     /// Opens it empty; the note keeps its focus until another one is saved. Does nothing without a focus.
     void markFocusDone();
-    /// Saves what is entered, without the spaces around it, unless that is nothing; closes the editor.
+    /// Saves what is entered, without the spaces around it, unless that is nothing; closes the editor. What can't be
+    /// written stays in it.
     void saveFocus();
     void cancelFocus();
 
@@ -88,7 +89,7 @@ public:
     const QString& newTaskText() const { return m_newTaskText; }
     void setNewTaskText(const QString& text);
     void startAddingTask();
-    /// Adds the task and closes the row, which stays open when nothing but spaces is entered.
+    /// Adds the task and closes the row, which stays open when nothing but spaces is entered or nothing was written.
     void saveNewTask();
     void cancelNewTask();
 
@@ -138,6 +139,8 @@ private:
     enum class FocusEditor { Closed, Editing, SettingNew };
 
     void setFocusEditor(FocusEditor state);
+    /// Opens the editor with a focus in it that could not be written, wherever it was entered. An open one goes before.
+    void keepFocus(const QString& focus);
     void setAddingTask(bool isAdding);
     void setActiveTask(std::optional<qint64> lineNumber);
     void setShowCoachAlert(bool isShown);

@@ -109,7 +109,8 @@ void FocusSection::showEditor()
     m_save->updateGeometry();
     // The shown one first, so that the keyboard is never without a place.
     (isOpen ? m_editor : m_display)->show();
-    if (isOpen) {
+    // One that opens out of sight leaves the keyboard to what is shown.
+    if (isOpen && isVisible()) {
         m_field->setFocus();
         m_field->end(false);
     } else if (hadKeyboard) {
