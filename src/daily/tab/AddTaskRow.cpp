@@ -28,7 +28,6 @@ AddTaskRow::AddTaskRow(DailyTabModel& model)
     auto* cancel = new IconButton(tr("Cancel task"), IconButtonSize::Small);
     cancel->setSymbol(QStringLiteral("xmark.circle.fill"));
     connect(cancel, &IconButton::clicked, &model, &DailyTabModel::cancelNewTask);
-    m_buttons = {save, cancel};
 
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(readingMargins(4, 4, 8, 4));
@@ -45,11 +44,6 @@ AddTaskRow::AddTaskRow(DailyTabModel& model)
 void AddTaskRow::takeKeyboard()
 {
     m_field->setFocus();
-}
-
-QList<QWidget*> AddTaskRow::controls() const
-{
-    return QList<QWidget*>{m_field} + m_buttons;
 }
 
 void AddTaskRow::showText()

@@ -21,15 +21,12 @@ public:
     Q_DISABLE_COPY_MOVE(AddTaskRow)
 
     void takeKeyboard();
-    /// What Tab walks through, in its order.
-    QList<QWidget*> controls() const;
 
 private:
     void showText();
 
     DailyTabModel& m_model;
     TextField* m_field;
-    QList<QWidget*> m_buttons;
 };
 
 } // namespace flitmark

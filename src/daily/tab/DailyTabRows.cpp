@@ -49,7 +49,6 @@ QList<DailyTaskRow> dailyTaskRows(const DailyNoteManager& manager)
     for (const TaskItem& task : manager.todayNote().tasks) {
         const qint64 count = counts[rows.size()];
         rows.append({
-            .id = task.id,
             .lineNumber = task.lineNumber,
             .text = task.text,
             .isCompleted = task.isCompleted,

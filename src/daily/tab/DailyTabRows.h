@@ -16,7 +16,6 @@ class DailyNoteManager;
 /// A task as the Daily tab shows it.
 struct DailyTaskRow
 {
-    QUuid id;
     qint64 lineNumber = 0;
     QString text;
     bool isCompleted = false;

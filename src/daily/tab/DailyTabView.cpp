@@ -133,13 +133,13 @@ QWidget* DailyTabView::makeFooter()
     auto* footer = new QWidget;
     m_footer = new QHBoxLayout(footer);
     m_footer->setSpacing(8);
-    m_refresh = new IconButton(tr("Refresh"));
-    m_refresh->setSymbol(QStringLiteral("arrow.clockwise"));
-    connect(m_refresh, &IconButton::clicked, &m_model, &DailyTabModel::refresh);
+    auto* refresh = new IconButton(tr("Refresh"));
+    refresh->setSymbol(QStringLiteral("arrow.clockwise"));
+    connect(refresh, &IconButton::clicked, &m_model, &DailyTabModel::refresh);
     auto* open = new Button(tr("Obsidian"));
     open->setSymbol(QStringLiteral("arrow.up.right.square"));
     connect(open, &Button::clicked, &m_model, &DailyTabModel::openInObsidian);
-    m_footer->addWidget(m_refresh);
+    m_footer->addWidget(refresh);
     m_footer->addStretch();
     m_footer->addWidget(open);
     setCornerReserve(0);
@@ -167,10 +167,8 @@ void DailyTabView::bind()
     connect(&m_model, &DailyTabModel::activeTaskLineNumberChanged, this, &DailyTabView::showTimer);
     connect(&m_model, &DailyTabModel::showPomodoroTaskPickerChanged, this, &DailyTabView::showSheets);
     connect(&m_model, &DailyTabModel::showCoachAlertChanged, this, &DailyTabView::showSheets);
-    connect(m_tasks, &TasksSection::controlsChanged, this, &DailyTabView::orderTabs);
     showBody();
     showTimer();
-    orderTabs();
 }
 
 /// A load that is under way leaves on screen what is there; only the first one has nothing to leave.
@@ -261,15 +259,6 @@ void DailyTabView::showEvent(QShowEvent* event)
     QWidget::showEvent(event);
     if (m_isTabShown) {
         m_model.refresh();
-    }
-}
-
-/// Rows that were made later are walked through in their place, not last.
-void DailyTabView::orderTabs()
-{
-    const QList<QWidget*> controls = m_tasks->controls() + QList<QWidget*>{m_refresh};
-    for (qsizetype i = 1; i < controls.size(); ++i) {
-        setTabOrder(controls[i - 1], controls[i]);
     }
 }
 

@@ -52,7 +52,6 @@ private:
     void showBody();
     void showTimer();
     void showSheets();
-    void orderTabs();
 
     DailyTabModel& m_model;
     Label* m_date;
@@ -63,7 +62,6 @@ private:
     LinesSection* m_coach;
     LinesSection* m_work;
     QHBoxLayout* m_footer = nullptr;
-    IconButton* m_refresh = nullptr;
     TaskPickerSheet* m_picker;
     FocusCheckSheet* m_check;
     bool m_isTabShown = false;

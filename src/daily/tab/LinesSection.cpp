@@ -4,38 +4,41 @@
 #include <daily/tab/LinesSection.h>
 #include <daily/tab/SectionCaption.h>
 #include <ui/Label.h>
+#include <ui/RowList.h>
 
 #include <QVBoxLayout>
 
 namespace flitmark {
 
 LinesSection::LinesSection(const QString& caption)
-    : m_column(new QVBoxLayout(this))
+    : m_rows(new RowList([this](qsizetype index, QWidget* row) { return showLine(index, row); }))
 {
-    m_column->setContentsMargins({});
-    m_column->setSpacing(0);
-    m_column->addWidget(makeSectionCaption(caption));
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins({});
+    column->setSpacing(0);
+    column->addWidget(makeSectionCaption(caption));
+    column->addWidget(m_rows);
 }
 
 void LinesSection::setLines(const QStringList& lines)
 {
-    while (m_labels.size() > lines.size()) {
-        delete m_labels.takeLast();
-    }
-    for (qsizetype i = 0; i < lines.size(); ++i) {
-        if (i == m_labels.size()) {
-            auto* label = new Label;
-            label->setWordWrap(true);
-            label->setContentsMargins(0, 1, 0, 1);
-            m_column->addWidget(label);
-            label->show();
-            m_labels.append(label);
-        }
-        if (m_labels[i]->text() != lines[i]) {
-            m_labels[i]->setText(lines[i]);
-        }
+    if (m_lines != lines) {
+        m_lines = lines;
+        m_rows->setRows(lines);
     }
     setVisible(!lines.isEmpty());
+}
+
+QWidget* LinesSection::showLine(qsizetype index, QWidget* row) const
+{
+    auto* label = qobject_cast<Label*>(row);
+    if (label == nullptr) {
+        label = new Label;
+        label->setWordWrap(true);
+        label->setContentsMargins(0, 1, 0, 1);
+    }
+    label->setText(m_lines[index]);
+    return label;
 }
 
 } // namespace flitmark

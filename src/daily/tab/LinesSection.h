@@ -6,11 +6,9 @@
 #include <QStringList>
 #include <QWidget>
 
-class QVBoxLayout;
-
 namespace flitmark {
 
-class Label;
+class RowList;
 
 /// A caption and lines of text below it. Hidden while there are none.
 class LinesSection final : public QWidget
@@ -24,8 +22,10 @@ public:
     void setLines(const QStringList& lines);
 
 private:
-    QVBoxLayout* m_column;
-    QList<Label*> m_labels;
+    QWidget* showLine(qsizetype index, QWidget* row) const;
+
+    QStringList m_lines;
+    RowList* m_rows;
 };
 
 } // namespace flitmark

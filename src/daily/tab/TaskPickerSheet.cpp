@@ -6,6 +6,7 @@
 #include <ui/ControlState.h>
 #include <ui/Label.h>
 #include <ui/Painting.h>
+#include <ui/RowList.h>
 #include <ui/ScrollArea.h>
 #include <ui/Surfaces.h>
 #include <ui/ThemeScope.h>
@@ -86,6 +87,7 @@ TaskPickerSheet::TaskPickerSheet(DailyTabModel& model, QWidget& host)
     : Sheet(tr("Start Pomodoro"), host, pickerWidth, pickerHeight)
     , m_model(model)
     , m_body(new QStackedLayout)
+    , m_rows(new RowList([this](qsizetype index, QWidget*) { return showTask(index); }))
 {
     m_body->addWidget(makeList());
     m_body->addWidget(makeEmptyView());
@@ -112,9 +114,7 @@ QWidget* TaskPickerSheet::makeList()
     auto* column = new QVBoxLayout(list);
     column->setContentsMargins(8, 0, 8, 8);
     column->setSpacing(0);
-    m_column = new QVBoxLayout;
-    m_column->setSpacing(0);
-    column->addLayout(m_column);
+    column->addWidget(m_rows);
     column->addStretch();
     auto* area = new ScrollArea;
     area->setWidget(list);
@@ -145,23 +145,24 @@ void TaskPickerSheet::showTasks()
         return;
     }
     const QWidget* focused = window()->focusWidget();
-    if (isOpen() && focused != nullptr && m_column->parentWidget()->isAncestorOf(focused)) {
+    if (isOpen() && focused != nullptr && m_rows->isAncestorOf(focused)) {
         // The task under the keyboard may be another one now.
         setFocus();
     }
     m_tasks = tasks;
-    for (Row* row : m_rows) {
-        row->hide();
-        row->deleteLater();
-    }
-    m_rows.clear();
+    QStringList texts;
     for (const TaskPickerRow& task : tasks) {
-        auto* row = new Row(task);
-        connect(row, &QPushButton::clicked, &m_model, [this, line = task.lineNumber] { m_model.startPomodoro(line); });
-        m_column->addWidget(row);
-        row->show();
-        m_rows.append(row);
+        texts.append(task.text);
     }
+    m_rows->setRows(texts);
+}
+
+QWidget* TaskPickerSheet::showTask(qsizetype index)
+{
+    const TaskPickerRow& task = m_tasks[index];
+    auto* row = new Row(task);
+    connect(row, &QPushButton::clicked, &m_model, [this, line = task.lineNumber] { m_model.startPomodoro(line); });
+    return row;
 }
 
 } // namespace flitmark

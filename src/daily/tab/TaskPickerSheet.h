@@ -7,11 +7,11 @@
 #include <ui/Sheet.h>
 
 class QStackedLayout;
-class QVBoxLayout;
 
 namespace flitmark {
 
 class DailyTabModel;
+class RowList;
 
 /// The sheet in which the task of the next Pomodoro is picked. Open while the model says so and the tab is shown.
 class TaskPickerSheet final : public Sheet
@@ -28,13 +28,13 @@ private:
 
     QWidget* makeList();
     QWidget* makeEmptyView();
+    QWidget* showTask(qsizetype index);
     void showTasks();
 
     DailyTabModel& m_model;
     QStackedLayout* m_body;
-    QVBoxLayout* m_column = nullptr;
+    RowList* m_rows;
     QList<TaskPickerRow> m_tasks;
-    QList<Row*> m_rows;
 };
 
 } // namespace flitmark

@@ -126,11 +126,6 @@ void TaskRow::setTask(const DailyTaskRow& task)
     showAttention();
 }
 
-QList<QWidget*> TaskRow::controls() const
-{
-    return QList<QWidget*>{m_check} + m_tally->controls() + QList<QWidget*>{m_start};
-}
-
 void TaskRow::enterEvent(QEnterEvent* event)
 {
     m_isHovered = true;

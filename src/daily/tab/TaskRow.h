@@ -27,8 +27,6 @@ public:
     const DailyTaskRow& task() const { return m_task; }
     /// Shows another task, or what has become of this one. The keyboard stays in the row, whatever it was on.
     void setTask(const DailyTaskRow& task);
-    /// What Tab walks through, in its order.
-    QList<QWidget*> controls() const;
 
 Q_SIGNALS:
     void toggled(qint64 lineNumber);

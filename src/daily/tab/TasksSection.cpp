@@ -7,18 +7,16 @@
 #include <daily/tab/TaskRow.h>
 #include <daily/tab/TasksSection.h>
 #include <ui/IconButton.h>
+#include <ui/RowList.h>
 
 #include <QVBoxLayout>
-
-#include <algorithm>
-#include <utility>
 
 namespace flitmark {
 
 TasksSection::TasksSection(DailyTabModel& model)
     : m_model(model)
     , m_add(new IconButton(tr("Add task"), IconButtonSize::Small))
-    , m_column(new QVBoxLayout)
+    , m_rows(new RowList([this](qsizetype index, QWidget* row) { return showTask(index, row); }))
     , m_addRow(new AddTaskRow(model))
 {
     m_add->setSymbol(QStringLiteral("plus"));
@@ -30,8 +28,7 @@ TasksSection::TasksSection(DailyTabModel& model)
     column->setContentsMargins({});
     column->setSpacing(0);
     column->addWidget(caption);
-    m_column->setSpacing(0);
-    column->addLayout(m_column);
+    column->addWidget(m_rows);
     column->addWidget(m_addRow);
     m_addRow->hide();
 
@@ -41,70 +38,32 @@ TasksSection::TasksSection(DailyTabModel& model)
     showAddRow();
 }
 
-TaskRow* TasksSection::makeRow(const DailyTaskRow& task)
+QWidget* TasksSection::showTask(qsizetype index, QWidget* row) const
 {
-    auto* row = new TaskRow(task);
-    connect(row, &TaskRow::toggled, &m_model, &DailyTabModel::toggleTask);
-    connect(row, &TaskRow::tomatoRemoved, &m_model, &DailyTabModel::removeTomato);
-    connect(row, &TaskRow::pomodoroStarted, &m_model, &DailyTabModel::startPomodoro);
-    return row;
+    auto* shown = qobject_cast<TaskRow*>(row);
+    if (shown == nullptr) {
+        shown = new TaskRow(m_tasks[index]);
+        connect(shown, &TaskRow::toggled, &m_model, &DailyTabModel::toggleTask);
+        connect(shown, &TaskRow::tomatoRemoved, &m_model, &DailyTabModel::removeTomato);
+        connect(shown, &TaskRow::pomodoroStarted, &m_model, &DailyTabModel::startPomodoro);
+    } else if (shown->task() != m_tasks[index]) {
+        shown->setTask(m_tasks[index]);
+    }
+    return shown;
 }
 
 void TasksSection::showTasks()
 {
-    const QList<DailyTaskRow> tasks = m_model.tasks();
-    // Whatever is shown has everything around it laid out at once, which would be done for each row.
-    layout()->setEnabled(false);
-    const bool isRebuilt = matchRows(tasks);
-    bool hasMore = isRebuilt;
-    for (qsizetype i = 0; i < tasks.size(); ++i) {
-        if (m_rows[i]->task() != tasks[i]) {
-            hasMore = hasMore || m_rows[i]->task().tomatoButtons < tasks[i].tomatoButtons;
-            m_rows[i]->setTask(tasks[i]);
-        }
+    if (m_model.body() == DailyTabModel::Body::Loading) {
+        return;
     }
-    layout()->setEnabled(true);
-    setVisible(!tasks.isEmpty());
-    if (hasMore) {
-        Q_EMIT controlsChanged();
+    m_tasks = m_model.tasks();
+    QStringList texts;
+    for (const DailyTaskRow& task : m_tasks) {
+        texts.append(task.text);
     }
-}
-
-/// Makes `m_rows` as many as there are tasks, each task with the row of the same text if it has one; the tasks between
-/// two of those take the rows that were between them. False when all rows stay as they are.
-bool TasksSection::matchRows(const QList<DailyTaskRow>& tasks)
-{
-    const QList<TaskRow*> old = std::exchange(m_rows, {});
-    qsizetype next = 0;
-    const auto fillUntil = [&](qsizetype task, qsizetype row) {
-        while (m_rows.size() < task) {
-            m_rows.append(next < row ? old[next++] : makeRow(tasks[m_rows.size()]));
-        }
-        for (; next < row; ++next) {
-            m_column->removeWidget(old[next]);
-            old[next]->hide();
-            old[next]->deleteLater();
-        }
-    };
-    for (qsizetype i = 0; i < tasks.size(); ++i) {
-        const auto hasText = [&](const TaskRow* row) { return row->task().text == tasks[i].text; };
-        const auto found = std::find_if(old.begin() + next, old.end(), hasText);
-        if (found != old.end()) {
-            fillUntil(i, found - old.begin());
-            m_rows.append(old[next++]);
-        }
-    }
-    fillUntil(tasks.size(), old.size());
-    if (m_rows == old) {
-        return false;
-    }
-    for (qsizetype i = 0; i < m_rows.size(); ++i) {
-        if (m_column->indexOf(m_rows[i]) < 0) {
-            m_column->insertWidget(static_cast<int>(i), m_rows[i]);
-            m_rows[i]->show();
-        }
-    }
-    return true;
+    m_rows->setRows(texts);
+    setVisible(!m_tasks.isEmpty());
 }
 
 void TasksSection::showAddRow()
@@ -120,15 +79,6 @@ void TasksSection::showAddRow()
         m_add->setFocus();
     }
     m_addRow->hide();
-}
-
-QList<QWidget*> TasksSection::controls() const
-{
-    QList<QWidget*> controls{m_add};
-    for (const TaskRow* row : m_rows) {
-        controls += row->controls();
-    }
-    return controls + m_addRow->controls();
 }
 
 } // namespace flitmark

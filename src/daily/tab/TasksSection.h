@@ -7,18 +7,14 @@
 
 #include <QWidget>
 
-class QVBoxLayout;
-
 namespace flitmark {
 
 class AddTaskRow;
 class DailyTabModel;
 class IconButton;
-class TaskRow;
+class RowList;
 
 /// The Daily tab's tasks and the row for a new one. Hidden while the note has no tasks.
-///
-/// When the note changes, each task that is still there keeps its row, and with it the keyboard.
 class TasksSection final : public QWidget
 {
     Q_OBJECT
@@ -32,23 +28,15 @@ public:
     explicit TasksSection(DailyTabModel& model);
     Q_DISABLE_COPY_MOVE(TasksSection)
 
-    /// What Tab walks through, in its order.
-    QList<QWidget*> controls() const;
-
-Q_SIGNALS:
-    /// `controls()` has others than before.
-    void controlsChanged();
-
 private:
-    TaskRow* makeRow(const DailyTaskRow& task);
+    QWidget* showTask(qsizetype index, QWidget* row) const;
     void showTasks();
-    bool matchRows(const QList<DailyTaskRow>& tasks);
     void showAddRow();
 
     DailyTabModel& m_model;
     IconButton* m_add;
-    QVBoxLayout* m_column;
-    QList<TaskRow*> m_rows;
+    QList<DailyTaskRow> m_tasks;
+    RowList* m_rows;
     AddTaskRow* m_addRow;
 };
 
