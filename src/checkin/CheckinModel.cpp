@@ -32,7 +32,7 @@ QString CheckinModel::countText() const
 QString CheckinModel::focusText() const
 {
     const QString focus = plannedFocus();
-    return focus.isEmpty() ? tr("No focus") : focus;
+    return focus.isEmpty() ? tr("No focus") : shortened(focus);
 }
 
 /// Today's focus, as the user reads it.

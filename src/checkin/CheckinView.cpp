@@ -3,7 +3,6 @@
 
 #include <checkin/CheckinModel.h>
 #include <checkin/CheckinView.h>
-#include <checkin/PopupWindow.h>
 #include <ui/Button.h>
 #include <ui/Label.h>
 #include <ui/ListRow.h>
@@ -60,6 +59,7 @@ QWidget* CheckinView::makeFocus()
     column->addWidget(new Label(tr("CURRENT FOCUS"), TextRole::Overline));
     m_focus = new Label(QString(), TextRole::HeadingMedium);
     m_focus->setWordWrap(true);
+    m_focus->setMaximumRows(maximumFocusRows);
     column->addWidget(m_focus);
     return block;
 }
@@ -124,10 +124,6 @@ QWidget* CheckinView::makeEntry()
 void CheckinView::showNote()
 {
     m_focus->setText(m_model.focusText());
-    const int maximum = maximumFocusRows * rowHeight(TextRole::HeadingMedium);
-    const bool isCut = m_focus->heightForWidth(PopupWindow::frameWidth - 2 * edge) > maximum;
-    m_focus->setToolTip(isCut ? m_model.focusText() : QString());
-    m_focus->setMaximumHeight(maximum);
 }
 
 void CheckinView::showMode()

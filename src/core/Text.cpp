@@ -3,6 +3,10 @@
 
 #include <core/Text.h>
 
+#include <QTextBoundaryFinder>
+
+#include <algorithm>
+
 namespace flitmark {
 
 bool isSpace(QChar c)
@@ -55,6 +59,19 @@ QString onOneLine(QStringView text)
         line.append(reader.line());
     }
     return line;
+}
+
+QString shortened(const QString& text)
+{
+    constexpr qsizetype longest = 500;
+    if (text.size() <= longest) {
+        return text;
+    }
+    // What decides where the last character begins stands close to it.
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, QStringView(text).first(std::min(longest + 2, text.size())));
+    finder.setPosition(longest);
+    const qsizetype end = finder.isAtBoundary() ? longest : finder.toPreviousBoundary();
+    return text.first(end) + u'…';
 }
 
 std::optional<qint64> parseInteger(QStringView text)

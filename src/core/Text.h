@@ -25,6 +25,10 @@ QStringView trimSpacesAndNewlines(QStringView text);
 /// `text` on one line: a space in the place of each line break, CR LF being one.
 QString onOneLine(QStringView text);
 
+/// The beginning of a text too long to be shown, 500 characters at most, and "…"; any other text as it is. What a
+/// person sees as one character is not cut in two.
+QString shortened(const QString& text);
+
 /// The whole number that `text` is: an optional sign and ASCII digits, nothing else. Nothing when it is anything else
 /// or does not fit.
 std::optional<qint64> parseInteger(QStringView text);

@@ -35,10 +35,26 @@ struct Label::Layout
     QFont font;
     bool wraps = false;
     QTextLayout lines;
-    double naturalWidth = 0;
+    bool isCut = false;
 
     int lineCount() const { return std::max(1, lines.lineCount()); }
+    void breakLines(const QString& text);
 };
+
+void Label::Layout::breakLines(const QString& text)
+{
+    lines.setText(text);
+    lines.setFont(font);
+    lines.setFormats(emojiFormats(text, font));
+    QTextOption option;
+    option.setWrapMode(wraps ? QTextOption::WrapAtWordBoundaryOrAnywhere : QTextOption::ManualWrap);
+    lines.setTextOption(option);
+    lines.beginLayout();
+    for (QTextLine line = lines.createLine(); line.isValid(); line = lines.createLine()) {
+        line.setLineWidth(std::max(1.0, width));
+    }
+    lines.endLayout();
+}
 
 /// What the layouts around the label ask for again and again, for one text in one font.
 struct Label::Measures
@@ -82,6 +98,15 @@ void Label::setColor(ColorToken color)
 void Label::setElideMode(Qt::TextElideMode mode)
 {
     m_elideMode = mode;
+    updateGeometry();
+    update();
+}
+
+void Label::setMaximumRows(int rows)
+{
+    m_maximumRows = rows;
+    m_layout.reset();
+    m_measures.reset();
     updateGeometry();
     update();
 }
@@ -132,19 +157,14 @@ const Label::Layout& Label::layOut(double width) const
     m_layout->font = font;
     m_layout->wraps = wordWrap();
 
-    QTextLayout& lines = m_layout->lines;
-    lines.setText(QString(source).replace(u'\n', QChar::LineSeparator));
-    lines.setFont(font);
-    lines.setFormats(emojiFormats(lines.text(), font));
-    QTextOption option;
-    option.setWrapMode(wordWrap() ? QTextOption::WrapAtWordBoundaryOrAnywhere : QTextOption::ManualWrap);
-    lines.setTextOption(option);
-    lines.beginLayout();
-    for (QTextLine line = lines.createLine(); line.isValid(); line = lines.createLine()) {
-        line.setLineWidth(std::max(1.0, width));
-        m_layout->naturalWidth = std::max(m_layout->naturalWidth, line.naturalTextWidth());
+    const QString text = QString(source).replace(u'\n', QChar::LineSeparator);
+    m_layout->breakLines(text);
+    m_layout->isCut = m_layout->lines.lineCount() > m_maximumRows;
+    if (m_layout->isCut) {
+        const int last = m_layout->lines.lineAt(m_maximumRows - 1).textStart();
+        const QString rest = text.sliced(last).replace(QChar::LineSeparator, u' ');
+        m_layout->breakLines(text.first(last) + QFontMetricsF(font).elidedText(rest, Qt::ElideRight, width));
     }
-    lines.endLayout();
     return *m_layout;
 }
 
@@ -166,7 +186,7 @@ QSize Label::sizeHint() const
     const QMargins margins = contentsMargins();
     const Measures& known = measures();
     const int width = static_cast<int>(std::ceil(known.naturalWidth));
-    const auto lines = static_cast<int>(known.text.count(u'\n')) + 1;
+    const int lines = std::min(static_cast<int>(known.text.count(u'\n')) + 1, m_maximumRows);
     return {width + margins.left() + margins.right(), lines * rowHeight(m_role) + margins.top() + margins.bottom()};
 }
 
@@ -190,7 +210,7 @@ int Label::heightForWidth(int width) const
         // What is narrower need not be laid out, which takes long where there are emoji.
         const bool fits = whole.naturalWidth <= inner;
         const auto count = fits ? static_cast<int>(whole.text.count(u'\n')) + 1 : layOut(inner).lineCount();
-        lineCount = whole.lineCounts.insert(inner, count);
+        lineCount = whole.lineCounts.insert(inner, std::min(count, m_maximumRows));
     }
     return lineCount.value() * rowHeight(m_role) + margins.top() + margins.bottom();
 }
@@ -226,10 +246,18 @@ void Label::paintEvent(QPaintEvent* /*event*/)
     }
 }
 
+bool Label::isCut() const
+{
+    const int width = contentsRect().width();
+    if (wordWrap()) {
+        return layOut(width).isCut;
+    }
+    return m_elideMode != Qt::ElideNone && shownText(width) != text().simplified();
+}
+
 bool Label::event(QEvent* event)
 {
-    if (event->type() == QEvent::ToolTip && toolTip().isEmpty() && m_elideMode != Qt::ElideNone && !wordWrap() &&
-        shownText(contentsRect().width()) != text().simplified()) {
+    if (event->type() == QEvent::ToolTip && toolTip().isEmpty() && isCut()) {
         QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text(), this);
         return true;
     }

@@ -8,6 +8,7 @@
 
 #include <QLabel>
 
+#include <limits>
 #include <memory>
 
 class QTextLayout;
@@ -15,7 +16,7 @@ class QTextLayout;
 namespace flitmark {
 
 /// A text of one role, in rows of that role's fixed height: as it is, wrapped (`setWordWrap`), or cut with an ellipsis,
-/// the whole text being the tooltip then. The text is plain; line breaks in it are kept. Emoji come in colour.
+/// the text being the tooltip then. The text is plain; line breaks in it are kept. Emoji come in colour.
 class Label final : public QLabel
 {
     Q_OBJECT
@@ -30,6 +31,8 @@ public:
     void setColor(ColorToken color);
     /// Cuts a text that is too wide: at the right for names, in the middle for paths. `Qt::ElideNone` cuts nothing.
     void setElideMode(Qt::TextElideMode mode);
+    /// Cuts a wrapped text that takes more rows.
+    void setMaximumRows(int rows);
     /// Draws a line through the text.
     void setStruck(bool isStruck);
     /// 0 to 1: for texts that fade.
@@ -47,6 +50,7 @@ private:
     struct Layout;
     struct Measures;
     const Layout& layOut(double width) const;
+    bool isCut() const;
     Measures& measures() const;
     QFont roleFont() const;
     QString shownText(double width) const;
@@ -54,6 +58,7 @@ private:
     TextRole m_role;
     ColorToken m_color = &Theme::text;
     Qt::TextElideMode m_elideMode = Qt::ElideNone;
+    int m_maximumRows = std::numeric_limits<int>::max();
     bool m_isStruck = false;
     double m_opacity = 1;
     mutable std::unique_ptr<Layout> m_layout;

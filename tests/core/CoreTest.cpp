@@ -104,6 +104,17 @@ private Q_SLOTS:
         QCOMPARE(trimSpaces(u" \n a\r\n"), QStringView(u"\n a\r\n"));
         QCOMPARE(trimSpacesAndNewlines(u" \n\u2028 a\r\n"), QStringView(u"a"));
     }
+    void shortened_cutsNoCharacterInTwo()
+    {
+        const QString long499 = QString(499, u'a');
+        const std::pair<QString, QString> cases[] = {{long499 + "a", long499 + "a"},
+                                                     {long499 + "aa", long499 + "a…"},
+                                                     {long499 + "🍅", long499 + "…"},
+                                                     {long499 + "e\u0301x", long499 + "…"}};
+        for (const auto& [text, shown] : cases) {
+            QCOMPARE(shortened(text), shown);
+        }
+    }
     void parseInteger_isStrict()
     {
         const QList<qint64> edges = {0, -12, std::numeric_limits<qint64>::max(), std::numeric_limits<qint64>::min()};

@@ -228,6 +228,86 @@ private Q_SLOTS:
         QCOMPARE(bar->value(), 900);
     }
 
+    void manyTasks_haveWidgetsWhereTheyAreSeen()
+    {
+        // Of one line and of several, which no estimate hits.
+        QByteArray note = "## Tasks\n";
+        for (int i = 0; i < 3000; ++i) {
+            note += "- [ ] " + QByteArray(i % 3 == 0 ? "WW " : "ill ").repeated(i % 50) + "task " +
+                    QByteArray::number(i) + '\n';
+        }
+        Tab tab(note);
+        const auto shown = [&tab] { return tab.host.findChildren<QCheckBox*>(); };
+        QVERIFY(shown().size() < 100);
+        // Tab comes in at the first and goes on to the last, which has one more neighbour each time.
+        tab.find("Add task")->setFocus();
+        tab.press(Qt::Key_Tab);
+        QVERIFY(spoken(QApplication::focusWidget()).endsWith("task 0"));
+        tab.find("Refresh")->setFocus();
+        for (int i = 2999; i > 2970; --i) {
+            tab.press(Qt::Key_Backtab);
+            tab.press(Qt::Key_Backtab);
+            QWidget* check = QApplication::focusWidget();
+            QVERIFY2(spoken(check).endsWith("task " + QString::number(i)), qPrintable(spoken(check)));
+            QVERIFY(!check->visibleRegion().isEmpty());
+        }
+        // It is there when the keyboard's row has left the view, too, and goes on from there.
+        QScrollBar* bar = tab.view->findChildren<QScrollArea*>().last()->verticalScrollBar();
+        bar->setValue(bar->maximum() / 2);
+        tab.settle();
+        QVERIFY(shown().size() < 100);
+        tab.press(Qt::Key_Tab);
+        tab.press(Qt::Key_Tab);
+        QVERIFY(spoken(QApplication::focusWidget()).endsWith("task 2972"));
+        // What is in view moves as far as is scrolled, whatever the heights above turn out to be.
+        bar->setValue(bar->maximum() / 2);
+        tab.settle();
+        for (int i = 0; i < 50; ++i) {
+            const QList<QCheckBox*> all = shown();
+            const auto first =
+                std::find_if(all.begin(), all.end(), [](QCheckBox* one) { return !one->visibleRegion().isEmpty(); });
+            QVERIFY(first != all.end());
+            const int before = (*first)->mapTo(&tab.host, QPoint()).y();
+            bar->setValue(bar->value() - 100);
+            tab.settle();
+            QCOMPARE((*first)->mapTo(&tab.host, QPoint()).y(), before + 100);
+        }
+        // Other tasks above leave it in place as well, and whose tick is clicked is the one that is seen.
+        QList<QCheckBox*> all = shown();
+        all.removeIf([](QCheckBox* one) { return one->visibleRegion().isEmpty(); });
+        QCheckBox* check = all.value(3);
+        const QPoint place = check->mapTo(&tab.host, QPoint());
+        note.replace("task 0\n", "task 0\n- [ ] one more\n- [ ] and another\n").replace("task 2999", "task 3000");
+        tab.writeNote(note);
+        QCOMPARE(check->mapTo(&tab.host, QPoint()), place);
+        QTest::mouseClick(check, Qt::LeftButton);
+        QVERIFY(tab.note().contains("- [x] " + spoken(check).toUtf8() + '\n'));
+    }
+    void longTexts_areCutForShowing()
+    {
+        const QByteArray text = QByteArray("words ").repeated(200'000);
+        Tab tab("## Focus\n" + text + "\n## Tasks\n- [ ] " + text + "\n## Coach\n- " + text + "\n## Work Done\n- " +
+                text);
+        const QString path = tab.signalManager.coachAlertURL();
+        writeTestFile(path, R"({"alert_id": "a", "triggered_at": "now", "misalignment_count": 2, "status": "pending",)"
+                            R"( "planned": ")" +
+                                text + R"(", "actual": ")" + text + R"("})");
+        tab.events.report(path, FileEventSource::Event::Written);
+        tab.model.setShowPomodoroTaskPicker(true);
+        tab.settle();
+        // The focus, the task in its row and in the sheet, the coach, the work, and two of the alert.
+        const QStringList texts = visibleTexts(tab.host).filter("words words");
+        QCOMPARE(texts.size(), 7);
+        for (const QWidget* widget : tab.host.findChildren<QWidget*>()) {
+            QVERIFY(qMax(spoken(const_cast<QWidget*>(widget)).size(), widget->toolTip().size()) <= 501);
+        }
+        const QWidget* answer = tab.find("Snooze");
+        QVERIFY(answer->mapTo(&tab.host, answer->rect().bottomLeft()).y() < tab.host.height());
+        QVERIFY(cutOff(*tab.find<QWidget>("Focus Check")).isEmpty());
+        tab.click("Refocusing now");
+        QVERIFY(tab.note().startsWith("## Focus\n" + text.trimmed()));
+    }
+
     void sheet_keepsTheKeyboardUntilItCloses()
     {
         Tab tab;

@@ -3,6 +3,7 @@
 """Today's note in the Daily tab, while another program writes into the same file."""
 
 import json
+import time
 
 from desktop.case import SetUpCase
 from desktop.waiting import PATIENCE, wait_until
@@ -55,6 +56,30 @@ class DailyTest(SetUpCase):
         self.assertEqual(self.note.read_text(), expected)
         self.assertEqual([path.name for path in self.note.parent.iterdir()], [self.note.name])
         self.assertEqual([line for line in self.program.output().splitlines() if "SignalManager: " not in line], [])
+
+    def test_a_very_long_note_keeps_nobody_waiting(self):
+        tasks = [f"Task {number}" for number in range(20000)]
+        self.home.write_daily_note("\n- [ ] ".join(["## Focus\n" + "words " * 800000 + "\n## Tasks", *tasks]) + "\n")
+        self.start_with_button(clock="@2026-01-22 14:00:00")
+        self.open_panel()
+        self.program.click("Daily", window="Flitmark")
+        for wait in (self.wait_until_panel_closed, lambda: self.program.find("Task 0", "check box", "Flitmark")):
+            begin = time.monotonic()
+            self.screen.run("gapplication", "action", "org.flitmark.Flitmark", "toggle-panel")
+            wait()
+            self.assertLess(time.monotonic() - begin, 5 * PATIENCE)
+        # Backwards from below the list, and on by the wheel.
+        self.program.find("Refresh", window="Flitmark").take_focus()
+        self.screen.key("shift+Tab")
+        last = self.program.find("Task 19999", "check box", "Flitmark")
+        self.screen.click(*self.program.place_of(last).centre, 4)
+        self.screen.xdotool("click", "--repeat", 40, "--delay", 5, 4)
+        self.program.wait_until_gone("Task 19990", "check box", "Flitmark")
+        panel = self.screen.window("Flitmark").geometry
+        far = min(self.program.find_all(role="check box", window="Flitmark"),
+                  key=lambda box: abs(self.program.place_of(box).y - panel.centre[1])).name
+        self.program.click(far, "check box", "Flitmark")
+        self.wait_for_line(f"- [x] {far}")
 
     def test_the_timer_is_steered_and_the_note_deleted_meanwhile(self):
         self.home.write_coach_config('{"pomodoro_interval_minutes": 2}')

@@ -14,6 +14,16 @@
 
 namespace flitmark {
 
+namespace {
+
+QStringList shownLines(QStringList lines)
+{
+    std::transform(lines.cbegin(), lines.cend(), lines.begin(), shortened);
+    return lines;
+}
+
+} // namespace
+
 DailyTabModel::DailyTabModel(const Services& services, DemoMode demoMode)
     : m_services(services)
     , m_demoMode(demoMode)
@@ -76,7 +86,7 @@ void DailyTabModel::openInObsidian()
 
 QString DailyTabModel::focusText() const
 {
-    return hasFocus() ? m_services.dailyNoteManager.todayNote().focus : tr("No focus set");
+    return hasFocus() ? shortened(m_services.dailyNoteManager.todayNote().focus) : tr("No focus set");
 }
 
 bool DailyTabModel::hasFocus() const
@@ -86,12 +96,12 @@ bool DailyTabModel::hasFocus() const
 
 QStringList DailyTabModel::coachNotes() const
 {
-    return m_services.dailyNoteManager.todayNote().coachNotes;
+    return shownLines(m_services.dailyNoteManager.todayNote().coachNotes);
 }
 
 QStringList DailyTabModel::workDone() const
 {
-    QStringList entries = m_services.dailyNoteManager.todayNote().workDone;
+    QStringList entries = shownLines(m_services.dailyNoteManager.todayNote().workDone);
     std::reverse(entries.begin(), entries.end());
     return entries;
 }

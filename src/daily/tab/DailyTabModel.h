@@ -59,7 +59,7 @@ public:
     void refresh();
     void openInObsidian();
 
-    /// The focus to show; the text for none where there is none.
+    /// The focus to show; the text for none where there is none. Texts to be shown are cut where they are very long.
     QString focusText() const;
     bool hasFocus() const;
     /// All in the order of the note, but the work done: newest first. A section without entries is not shown.

@@ -3,6 +3,7 @@
 
 #include <checkin/CheckinWindowController.h>
 #include <checkin/PomodoroTimer.h>
+#include <core/Text.h>
 #include <daily/DailyNoteManager.h>
 #include <daily/tab/DailyTabModel.h>
 #include <platform/NotificationCenter.h>
@@ -127,13 +128,13 @@ void DailyTabModel::closeCoachAlert()
 QString DailyTabModel::alertPlanned() const
 {
     const std::optional<CoachAlert>& alert = m_services.signalManager.currentAlert();
-    return alert ? alert->planned : QString();
+    return alert ? shortened(alert->planned) : QString();
 }
 
 QString DailyTabModel::alertActual() const
 {
     const std::optional<CoachAlert>& alert = m_services.signalManager.currentAlert();
-    return alert ? alert->actual : QString();
+    return alert ? shortened(alert->actual) : QString();
 }
 
 void DailyTabModel::respondToAlert(AlertResponse response)

@@ -50,7 +50,7 @@ QList<DailyTaskRow> dailyTaskRows(const DailyNoteManager& manager)
         const qint64 count = counts[rows.size()];
         rows.append({
             .lineNumber = task.lineNumber,
-            .text = task.text,
+            .text = shortened(task.text),
             .isCompleted = task.isCompleted,
             .tomatoButtons = std::min(count, maximumTomatoButtons),
             .moreTomatoes = moreThan(maximumTomatoButtons, count),
@@ -72,7 +72,7 @@ QList<TaskPickerRow> taskPickerRows(const DailyNoteManager& manager)
         const qint64 count = counts[i];
         rows.append({
             .lineNumber = task.lineNumber,
-            .text = task.text,
+            .text = shortened(task.text),
             .tomatoes = tomato.toString().repeated(std::min(count, maximumPickerTomatoes)) +
                         moreThan(maximumPickerTomatoes, count),
         });

@@ -17,6 +17,7 @@ class DailyNoteManager;
 struct DailyTaskRow
 {
     qint64 lineNumber = 0;
+    /// Cut where it is very long.
     QString text;
     bool isCompleted = false;
     /// How many tomatoes stand as buttons, at most six.

@@ -13,6 +13,8 @@ namespace flitmark {
 namespace {
 
 constexpr int focusCheckWidth = 280;
+/// Longer texts are cut, so that the answers stay in the panel.
+constexpr int maximumTextRows = 6;
 
 } // namespace
 
@@ -38,6 +40,7 @@ QWidget* FocusCheckSheet::makeTexts()
         column->addWidget(new Label(caption, TextRole::Caption));
         auto* text = new Label(QString(), TextRole::Strong);
         text->setWordWrap(true);
+        text->setMaximumRows(maximumTextRows);
         column->addWidget(text);
         return text;
     };
