@@ -68,7 +68,8 @@ QString shortened(const QString& text)
         return text;
     }
     // What decides where the last character begins stands close to it.
-    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, QStringView(text).first(std::min(longest + 2, text.size())));
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme,
+                               QStringView(text).first(std::min(longest + 2, text.size())));
     finder.setPosition(longest);
     const qsizetype end = finder.isAtBoundary() ? longest : finder.toPreviousBoundary();
     return text.first(end) + u'…';

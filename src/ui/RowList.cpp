@@ -274,9 +274,6 @@ bool RowList::makeRows(const QList<Range>& ranges)
 
 void RowList::dropRows(const QList<Range>& ranges)
 {
-    if (QApplication::mouseButtons() != Qt::NoButton) {
-        return;
-    }
     std::erase_if(m_rows, [&ranges](const auto& row) {
         const bool isWanted = std::any_of(ranges.begin(), ranges.end(), [index = row.first](const Range& range) {
             return index >= range.first && index < range.end;

@@ -18,7 +18,7 @@ namespace flitmark {
 ///
 /// Rows may be of several kinds and heights. The height of a row without a widget is estimated by its text; what is in
 /// view stays where it is when that was wrong. Tab walks through all rows, and the row with the keyboard keeps its
-/// widget; so does every row while a mouse button is down.
+/// widget, which is also the one that is being clicked.
 class RowList final : public QWidget
 {
     Q_OBJECT

@@ -55,6 +55,14 @@ class PopupsTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void longFocus_isCutForShowing()
+    {
+        const Stage stage(1s, noteWith(QByteArray("words ").repeated(200'000)));
+        for (const QLabel* label : stage.window()->findChildren<QLabel*>()) {
+            QVERIFY(qMax(label->text().size(), label->toolTip().size()) <= 501);
+        }
+        QVERIFY(cutOff(*stage.window()).isEmpty());
+    }
     void answer_isTakenOnce()
     {
         TestServices services(noteWith("", {}, 2));
