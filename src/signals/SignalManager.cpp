@@ -25,6 +25,17 @@ void printFor(const QString& text)
     printLine(QStringLiteral("SignalManager: ") + text);
 }
 
+/// The alert that `bytes` hold, if it waits for an answer. Bytes that make no sense print a line.
+std::optional<CoachAlert> pendingAlert(const tl::expected<QByteArray, QString>& bytes)
+{
+    const tl::expected<CoachAlert, QString> alert = bytes.and_then(parseJsonObject).and_then(&CoachAlert::fromJson);
+    if (!alert) {
+        printFor(QStringLiteral("Failed to read coach alert: ") + alert.error());
+        return std::nullopt;
+    }
+    return alert->status == u"pending" ? std::optional(*alert) : std::nullopt;
+}
+
 QString chooseDirectory(const Directories& directories, const AppConfig& config)
 {
     const bool hasVault =
@@ -131,13 +142,7 @@ std::optional<CoachAlert> SignalManager::readCoachAlert() const
     if (!QFileInfo::exists(coachAlertURL())) {
         return std::nullopt;
     }
-    const tl::expected<CoachAlert, QString> alert =
-        readFile(coachAlertURL()).map_error(messageOf).and_then(parseJsonObject).and_then(&CoachAlert::fromJson);
-    if (!alert) {
-        printFor(QStringLiteral("Failed to read coach alert: ") + alert.error());
-        return std::nullopt;
-    }
-    return alert->status == u"pending" ? std::optional(*alert) : std::nullopt;
+    return pendingAlert(readFile(coachAlertURL()).map_error(messageOf));
 }
 
 void SignalManager::writeUserResponse(const QString& alertId, const QString& response, const QString& note)
@@ -149,22 +154,30 @@ void SignalManager::writeUserResponse(const QString& alertId, const QString& res
     }
     printFor(QStringLiteral("Wrote user response for alert ") + alertId);
     // Queued before the file is touched, so that it comes before the look at the file which that touch calls for.
-    m_runLoop.async(this, [this] { setCurrentAlert(std::nullopt); });
+    m_runLoop.async(this, [this, alertId] {
+        // Another one may have come meanwhile.
+        if (m_currentAlert && m_currentAlert->alertId == alertId) {
+            setCurrentAlert(std::nullopt);
+        }
+    });
     markAlertAcknowledged(alertId);
 }
 
 void SignalManager::markAlertAcknowledged(const QString& alertId)
 {
-    const std::optional<CoachAlert> alert = readCoachAlert();
-    if (!alert || alert->alertId != alertId || !QFileInfo::exists(coachAlertURL())) {
+    if (!QFileInfo::exists(coachAlertURL())) {
+        return;
+    }
+    // Read once for both: another alert may take the place of this one at any moment.
+    const tl::expected<QByteArray, QString> bytes = readFile(coachAlertURL()).map_error(messageOf);
+    const std::optional<CoachAlert> alert = pendingAlert(bytes);
+    if (!alert || alert->alertId != alertId) {
         return;
     }
     const tl::expected<void, QString> written =
-        readFile(coachAlertURL())
-            .map_error(messageOf)
-            .and_then(acknowledgedAlert)
-            .and_then(
-                [this](const QByteArray& bytes) { return overwriteFile(coachAlertURL(), bytes).map_error(messageOf); });
+        bytes.and_then(acknowledgedAlert).and_then([this](const QByteArray& changed) {
+            return overwriteFile(coachAlertURL(), changed).map_error(messageOf);
+        });
     if (!written) {
         printFor(QStringLiteral("Failed to mark alert acknowledged: ") + written.error());
     }
