@@ -18,12 +18,6 @@ using namespace std::chrono_literals;
 constexpr RunLoop::Duration statusDuration = 2s;
 constexpr RunLoop::Duration closeDelay = 500ms;
 
-/// The note type of everything written in the panel.
-QString panelNoteType()
-{
-    return QStringLiteral("Fleeting");
-}
-
 } // namespace
 
 NotePanelModel::NotePanelModel(ConfigManager& configManager, DraftManager& draftManager, NoteManager& noteManager,
@@ -43,7 +37,7 @@ void NotePanelModel::setNoteContent(const QString& content)
     }
     m_noteContent = content;
     if (m_demoMode == DemoMode::Off) {
-        m_draftManager.save(content, QString(), panelNoteType());
+        m_draftManager.save(content, QString(), fleetingNoteType());
     }
     Q_EMIT noteContentChanged();
 }
@@ -100,7 +94,7 @@ void NotePanelModel::saveNote()
         showStatusMessage(tr("Nothing to save"), StatusType::info);
         return;
     }
-    const auto saved = m_noteManager.save(QString(), composedContent(), panelNoteType());
+    const auto saved = m_noteManager.save(QString(), composedContent(), fleetingNoteType());
     if (!saved) {
         printLine(QStringLiteral("Failed to save note: ") + saved.error().message);
         showStatusMessage(tr("Error saving"), StatusType::error);
@@ -157,7 +151,7 @@ void NotePanelModel::startWithDemoText()
 
 void NotePanelModel::loadExistingNotes()
 {
-    m_existingNotes = listRecentNotes(m_configManager.getSaveDirectory(panelNoteType()));
+    m_existingNotes = listRecentNotes(m_configManager.getSaveDirectory(fleetingNoteType()));
     Q_EMIT existingNotesChanged();
 }
 

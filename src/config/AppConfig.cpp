@@ -48,7 +48,7 @@ QMap<QString, NoteTypeConfig> defaultNoteTypes()
 {
     const QString inbox = QStringLiteral("Inbox");
     return {
-        {QStringLiteral("Fleeting"), {inbox, {QStringLiteral("fleeting")}, QString()}},
+        {fleetingNoteType(), {inbox, {QStringLiteral("fleeting")}, QString()}},
         {QStringLiteral("Task"), {inbox, {QStringLiteral("task")}, QStringLiteral("TODO ")}},
         {QStringLiteral("Idea"), {inbox, {QStringLiteral("idea")}, QStringLiteral(u"\U0001F4A1 ")}},
     };

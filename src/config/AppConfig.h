@@ -46,6 +46,12 @@ struct NoteTypeConfig
     bool operator==(const NoteTypeConfig&) const = default;
 };
 
+/// The type of what is captured in the panel.
+inline QString fleetingNoteType()
+{
+    return QStringLiteral("Fleeting");
+}
+
 /// Every setting of the user. A plain record: it checks none of its values.
 struct AppConfig
 {

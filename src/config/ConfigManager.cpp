@@ -14,6 +14,21 @@
 
 namespace flitmark {
 
+namespace {
+
+QString inbox()
+{
+    return QStringLiteral("Inbox");
+}
+
+QString subfolderOf(const AppConfig& config, const QString& noteType)
+{
+    const auto found = config.noteTypes.find(noteType);
+    return found != config.noteTypes.end() ? found->subfolder : config.saveSubfolder;
+}
+
+} // namespace
+
 ConfigManager::ConfigManager(const Directories& directories)
     : m_directories(directories)
     , m_configURL(directories.ownFolder() + QStringLiteral("/config.json"))
@@ -83,19 +98,23 @@ void ConfigManager::save()
 
 QString ConfigManager::getSaveDirectory(const QString& noteType) const
 {
+    const QString directory = saveDirectory(m_config, noteType);
+    const QString subfolder = subfolderOf(m_config, noteType);
+    if (const auto real = resolveLinks(m_config.vaultPath + u'/' + subfolder); !directory.isEmpty() && !real) {
+        printLine(QStringLiteral("Failed to look at the folder \"%1\" in the vault, notes go to \"%2\": %3")
+                      .arg(subfolder, inbox(), FileError::ofSystem(real.error()).message));
+    }
+    return directory;
+}
+
+QString ConfigManager::saveDirectory(const AppConfig& config, const QString& noteType)
+{
     // Not QDir::isAbsolutePath, which takes the names of built-in resources (":/Vault") for absolute.
-    if (!m_config.vaultPath.startsWith(u'/')) {
+    if (!config.vaultPath.startsWith(u'/')) {
         return {};
     }
-    const QString inbox = QStringLiteral("Inbox");
-    const auto found = m_config.noteTypes.find(noteType);
-    const QString subfolder = found != m_config.noteTypes.end() ? found->subfolder : m_config.saveSubfolder;
-    if (const auto real = resolveLinks(m_config.vaultPath + u'/' + subfolder); !real) {
-        printLine(QStringLiteral("Failed to look at the folder \"%1\" in the vault, notes go to \"%2\": %3")
-                      .arg(subfolder, inbox, FileError::ofSystem(real.error()).message));
-    }
-    return VaultPathResolver::saveDirectory(m_config.vaultPath, subfolder, inbox)
-        .value_or(QDir::cleanPath(m_config.vaultPath + u'/' + inbox));
+    return VaultPathResolver::saveDirectory(config.vaultPath, subfolderOf(config, noteType), inbox())
+        .value_or(QDir::cleanPath(config.vaultPath + u'/' + inbox()));
 }
 
 } // namespace flitmark

@@ -53,6 +53,8 @@ public:
     /// the vault's path is not absolute: there is no telling where such a vault would be. Where the configured folder
     /// can't be looked at (its name is too long, say), it is "Inbox", and a line is printed.
     QString getSaveDirectory(const QString& noteType) const;
+    /// Where that would be with another configuration; prints nothing.
+    static QString saveDirectory(const AppConfig& config, const QString& noteType);
 
 Q_SIGNALS:
     /// `config()` differs from what it was.
