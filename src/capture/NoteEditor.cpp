@@ -20,7 +20,6 @@ NoteEditor::NoteEditor(QWidget* parent)
 {
     setAcceptRichText(false);
     setFrameShape(QFrame::NoFrame);
-    setFont(fontOf(TextRole::Note));
     setPlaceholderText(tr("Note"));
     setAccessibleName(tr("Note"));
     setAccessibleDescription(tr("Ctrl+Tab moves on, Shift+Tab back."));
@@ -29,7 +28,6 @@ NoteEditor::NoteEditor(QWidget* parent)
     setViewportMargins(0, 0, ThinScrollBar::hitWidth, 0);
     viewport()->setAutoFillBackground(false);
     document()->setDocumentMargin(0);
-    applyRowHeight();
     applyTheme();
 }
 
@@ -106,6 +104,10 @@ void NoteEditor::insertFromMimeData(const QMimeData* source)
 
 void NoteEditor::applyTheme()
 {
+    setFont(fontOf(TextRole::Note));
+    if (m_rowHeight != rowHeight(TextRole::Note)) {
+        applyRowHeight();
+    }
     const Theme& theme = ThemeScope::of(*this);
     QPalette colors = palette();
     colors.setColor(QPalette::Text, theme.text);
@@ -120,11 +122,13 @@ void NoteEditor::applyTheme()
 void NoteEditor::applyRowHeight()
 {
     // Fixed rows: a line with an emoji in it is no taller than its neighbours. New lines take the format over.
+    m_rowHeight = rowHeight(TextRole::Note);
     QTextBlockFormat format;
-    format.setLineHeight(rowHeight(TextRole::Note), QTextBlockFormat::FixedHeight);
+    format.setLineHeight(m_rowHeight, QTextBlockFormat::FixedHeight);
     QTextCursor all(document());
     all.select(QTextCursor::Document);
-    // Not a step to be undone. The text was set anew just before, so there are no others to lose.
+    // A matter of looks: no change to the text, and no step to be undone.
+    const QSignalBlocker blocker(this);
     document()->setUndoRedoEnabled(false);
     all.mergeBlockFormat(format);
     document()->setUndoRedoEnabled(true);

@@ -35,6 +35,8 @@ private:
     void applyRowHeight();
 
     ThinScrollBar* m_scrollBar;
+    /// Of the text's lines, as last applied.
+    int m_rowHeight = 0;
 };
 
 } // namespace flitmark
