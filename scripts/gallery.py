@@ -128,7 +128,7 @@ class Gallery(case.SetUpCase):
         self.home.forget_login_question()
         self.start_dressed("@2026-01-22 10:15:00 x120")
         self.picture(QUESTION, "question")
-        self.screen.key("Escape")
+        self.screen.key_until("Escape", lambda: not self.screen.windows(QUESTION), "the question to leave")
         self.open_menu()
         self.picture("Flitmark Menu", "menu")
         self.program.click("Start Pomodoro Timer", "menu item", "Flitmark Button")

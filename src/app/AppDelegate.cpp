@@ -36,6 +36,8 @@ using namespace std::chrono_literals;
 AppDelegate::AppDelegate(const AppServices& services)
     : m_services(services)
 {
+    QCoreApplication::instance()->installEventFilter(&m_repeatFilter);
+    // The last one is asked first: what is composed comes before all else.
     QCoreApplication::instance()->installEventFilter(&m_compositionFilter);
 }
 

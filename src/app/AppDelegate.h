@@ -8,6 +8,7 @@
 #include <platform/AppAction.h>
 #include <ui/CompositionFilter.h>
 #include <ui/Menu.h>
+#include <ui/RepeatFilter.h>
 
 #include <QObject>
 #include <QPointF>
@@ -114,6 +115,7 @@ private:
 
     AppServices m_services;
     AltKeyFilter m_altKeyFilter;
+    RepeatFilter m_repeatFilter;
     CompositionFilter m_compositionFilter;
     std::unique_ptr<NotePanelModel> m_panelModel;
     std::unique_ptr<BrowseModel> m_browseModel;

@@ -108,6 +108,7 @@ void AppDelegate::promptForLaunchAtLoginIfNeeded()
         .message = tr("Start Flitmark automatically?"),
         .details = tr("Flitmark works best when the floating capture button and Option+N hotkey are available after "
                       "login."),
+        .hotkey = &m_services.keyMonitor,
         .buttons = {tr("Enable Auto-Start"), tr("Not Now")},
     };
     m_services.dialogs.ask(question, [this, guard = QPointer(this)](qsizetype button) {
@@ -141,7 +142,7 @@ void AppDelegate::showUpdateWindow()
     }
     // The user's own check is under way when it asks for attention, an automatic one has its result by then.
     const bool isFound = updater.state().status == Updater::Status::Available;
-    m_updateWindow->showCentered(themeOfWindow(m_services.configManager.config().colorPalette, desktopScheme()),
+    m_updateWindow->showCentered(m_services.configManager.config().colorPalette,
                                  isFound ? UpdateWindow::Keyboard::Leave : UpdateWindow::Keyboard::Take);
 }
 
@@ -171,8 +172,9 @@ void AppDelegate::showSettingsWindow()
             },
             m_services.dialogs, HelpServices{m_services.directories, m_services.keyMonitor, m_services.workspace});
         // Its closing is the caller: it goes when that has returned.
-        connect(m_settingsWindow.get(), &SettingsWindow::closed, this,
-                [this] { m_settingsWindow.release()->deleteLater(); });
+        connect(
+            m_settingsWindow.get(), &SettingsWindow::closed, this,
+            [this] { m_settingsWindow.release()->deleteLater(); }, Qt::SingleShotConnection);
         addQuitKey(*m_settingsWindow);
     }
     m_settingsWindow->showCentered();

@@ -66,6 +66,7 @@ void showText(Label& label, const QString& text)
 
 UpdateWindow::UpdateWindow(Updater& updater, Workspace& workspace)
     : QWidget(nullptr, closableWindow)
+    , m_scheme(*this, ColorPalette::obsidianNative)
     , m_updater(updater)
     , m_workspace(workspace)
     , m_headline(new Label({}, TextRole::Title))
@@ -149,9 +150,9 @@ void UpdateWindow::openPage()
     }
 }
 
-void UpdateWindow::showCentered(const Theme& theme, Keyboard keyboard)
+void UpdateWindow::showCentered(ColorPalette palette, Keyboard keyboard)
 {
-    ThemeScope::set(*this, theme);
+    m_scheme.setPalette(palette);
     if (!isVisible()) {
         centreOnScreen(*this);
     }

@@ -4,7 +4,7 @@
 #pragma once
 
 #include <platform/Updater.h>
-#include <ui/Theme.h>
+#include <ui/SchemeFollower.h>
 
 #include <QWidget>
 
@@ -28,8 +28,8 @@ public:
 
     /// Whether the window takes the keyboard; one that nobody asked for does not.
     enum class Keyboard { Take, Leave };
-    /// Shows the window in `theme`, in the middle of the main screen, or brings it to the front.
-    void showCentered(const Theme& theme, Keyboard keyboard);
+    /// Shows the window in the colour of `palette`, in the middle of the main screen, or brings it to the front.
+    void showCentered(ColorPalette palette, Keyboard keyboard);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -42,6 +42,7 @@ private:
     void showNotes(const QString& notes);
     void openPage();
 
+    SchemeFollower m_scheme;
     Updater& m_updater;
     Workspace& m_workspace;
     Label* m_headline;

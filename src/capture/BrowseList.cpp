@@ -162,7 +162,7 @@ void BrowseList::keyPressEvent(QKeyEvent* event)
         QListView::keyPressEvent(event);
         return;
     }
-    if (!currentIndex().isValid() || event->isAutoRepeat()) {
+    if (!currentIndex().isValid()) {
         return;
     }
     const bool isFolder = m_browse.browseItems()[currentIndex().row()].isDirectory;

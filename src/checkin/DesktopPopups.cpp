@@ -16,6 +16,7 @@
 
 #include <QCoreApplication>
 
+#include <memory>
 #include <tuple>
 #include <utility>
 
@@ -127,8 +128,15 @@ void DesktopPopups::showDailyReview(DailyReviewCallback onAction)
     auto* view = new DailyReviewPromptView;
     m_dailyReview = std::make_unique<PopupWindow>(m_services.windowManager, m_services.runLoop, texts, view);
     PopupWindow& window = *m_dailyReview;
-    QObject::connect(view, &DailyReviewPromptView::chosen, &window, onAction);
-    QObject::connect(&window, &PopupWindow::dismissed, &window, [onAction] { onAction(DailyReviewAction::dismissed); });
+    const auto answer = [pending =
+                             std::make_shared<DailyReviewCallback>(std::move(onAction))](DailyReviewAction action) {
+        // The callback may destroy the window.
+        if (const DailyReviewCallback taken = std::exchange(*pending, nullptr)) {
+            taken(action);
+        }
+    };
+    QObject::connect(view, &DailyReviewPromptView::chosen, &window, answer);
+    QObject::connect(&window, &PopupWindow::dismissed, &window, [answer] { answer(DailyReviewAction::dismissed); });
     applyPalette(window);
 
     const QSizeF size = window.fittingSize();

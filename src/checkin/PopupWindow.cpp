@@ -9,25 +9,19 @@
 #include <ui/ReadingMargins.h>
 #include <ui/Surfaces.h>
 
-#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QVBoxLayout>
 
 namespace flitmark {
 
-namespace {
-
 using namespace std::chrono_literals;
-
-constexpr RunLoop::Duration deafFor = 500ms;
-
-} // namespace
 
 PopupWindow::PopupWindow(WindowManager& windowManager, RunLoop& runLoop, const Texts& texts, QWidget* body)
     : FloatingWindow(windowManager, Resizing::Fixed)
     , m_windowManager(windowManager)
     , m_runLoop(runLoop)
     , m_body(body)
+    , m_keyPause(*this, runLoop)
 {
     setWindowTitle(texts.windowTitle);
     setAccessibleRole(*this, QAccessible::Dialog);
@@ -44,6 +38,7 @@ PopupWindow::PopupWindow(WindowManager& windowManager, RunLoop& runLoop, const T
     column->addWidget(makeFoot());
     // Read in the order in which it is seen.
     head->lower();
+    content()->installEventFilter(this);
     connect(this, &FloatingWindow::closeAsked, this, &PopupWindow::dismissed);
 }
 
@@ -103,7 +98,7 @@ void PopupWindow::fit()
 void PopupWindow::makeKeyAndOrderFront()
 {
     if (!isVisible() || !isActiveWindow()) {
-        ignoreKeysForAMoment();
+        m_keyPause.begin();
     }
     fit();
     setAccessibleDescription(question());
@@ -124,13 +119,6 @@ QString PopupWindow::question() const
     return texts.join(u' ');
 }
 
-void PopupWindow::ignoreKeysForAMoment()
-{
-    // The focus goes to the window itself, which answers nothing but Escape.
-    setFocus(Qt::OtherFocusReason);
-    m_deafness = m_runLoop.every(deafFor, [this] { m_deafness.reset(); });
-}
-
 void PopupWindow::showTime()
 {
     m_time->setText(m_runLoop.now().toString(u"HH:mm"));
@@ -142,41 +130,19 @@ void PopupWindow::showTime()
 void PopupWindow::showEvent(QShowEvent* event)
 {
     FloatingWindow::showEvent(event);
-    // On the application: every key to any control of the window has to come by.
-    QCoreApplication::instance()->installEventFilter(this);
     showTime();
 }
 
 void PopupWindow::hideEvent(QHideEvent* event)
 {
-    QCoreApplication::instance()->removeEventFilter(this);
     m_clock.reset();
     FloatingWindow::hideEvent(event);
-}
-
-bool PopupWindow::isSwallowed(const QEvent& event) const
-{
-    switch (event.type()) {
-    case QEvent::KeyRelease:
-    case QEvent::ShortcutOverride:
-    case QEvent::InputMethod:
-        return m_deafness != nullptr;
-    case QEvent::KeyPress: {
-        const auto& key = static_cast<const QKeyEvent&>(event);
-        const bool isAnswer = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
-        return m_deafness != nullptr || (isAnswer && key.isAutoRepeat());
-    }
-    default:
-        return false;
-    }
 }
 
 bool PopupWindow::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == content() && event->type() == QEvent::LayoutRequest) {
         fit();
-    } else if (isSwallowed(*event) && watched->isWidgetType() && static_cast<QWidget*>(watched)->window() == this) {
-        return true;
     }
     return FloatingWindow::eventFilter(watched, event);
 }

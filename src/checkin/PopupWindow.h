@@ -5,6 +5,7 @@
 
 #include <platform/RunLoop.h>
 #include <ui/FloatingWindow.h>
+#include <ui/KeyPause.h>
 
 namespace flitmark {
 
@@ -16,7 +17,7 @@ class Label;
 ///
 /// It takes the keyboard from whatever the user is typing into, so what was meant for there must not answer it: for
 /// half a second no key does anything, after that Escape closes it, and every other answer needs the focus moved to it
-/// first. A key held down does not press Return again and again.
+/// first.
 class PopupWindow final : public FloatingWindow
 {
     Q_OBJECT
@@ -60,16 +61,14 @@ private:
     QWidget* makeFoot();
     void fit();
     QString question() const;
-    void ignoreKeysForAMoment();
     void showTime();
-    bool isSwallowed(const QEvent& event) const;
 
     WindowManager& m_windowManager;
     RunLoop& m_runLoop;
     QWidget* m_body;
     Badge* m_badge = nullptr;
     Label* m_time = nullptr;
-    std::unique_ptr<RunLoop::Timer> m_deafness;
+    KeyPause m_keyPause;
     std::unique_ptr<RunLoop::Timer> m_clock;
 };
 

@@ -12,6 +12,8 @@ class QWidget;
 
 namespace flitmark {
 
+class KeyMonitor;
+
 /// The desktop's own dialogs.
 class Dialogs
 {
@@ -23,6 +25,9 @@ public:
     {
         QString message;
         QString details;
+        /// Of which the details speak: a line says which key it is on this computer, or why there is none. None for
+        /// null.
+        const KeyMonitor* hotkey = nullptr;
         /// What can be answered: first what Return means, last what closing the question means.
         QStringList buttons;
     };
@@ -43,6 +48,10 @@ public:
     /// Asks in a window of its own, titled by the message, that keeps the user from the program's other windows until
     /// it is answered; returns at once. `onAnswered` is called on the main thread, once, unless the program ends first.
     virtual void ask(const Question& question, Answered onAnswered) = 0;
+
+    /// Asks likewise, for what the user does in the window of `parent`: that window alone waits for the answer. It is
+    /// not put aside; where `parent` goes before, `onAnswered` is not called.
+    virtual void askOver(QWidget& parent, const Question& question, Answered onAnswered) = 0;
 
     /// Takes the questions off the screen, those to come as well, or brings them back: while the user writes, none of
     /// them may have the keyboard. They stay unanswered meanwhile.

@@ -49,6 +49,12 @@ QString hotkey(const KeyMonitor::State& state)
     return sentences({Texts::tr("this desktop offers no hotkeys to programs."), state.reason, bindingCommand()});
 }
 
+QString hotkeyToPress(const KeyMonitor::State& state)
+{
+    const bool isAsPromised = state == KeyMonitor::State{.status = KeyMonitor::Status::Working};
+    return isAsPromised ? line(Texts::tr("Alt+N")) : hotkey(state);
+}
+
 QString systems()
 {
     return line(Texts::tr("Flitmark runs on Linux desktops, with X11 or with Wayland and XWayland."));

@@ -17,6 +17,8 @@ namespace onThisComputer {
 
 /// Whether the hotkey works, and what to do where it does not.
 QString hotkey(const KeyMonitor::State& state);
+/// The key itself where the hotkey works as promised, else what `hotkey` says.
+QString hotkeyToPress(const KeyMonitor::State& state);
 /// The systems the program runs on.
 QString systems();
 /// What the keys in the texts are called here.

@@ -22,9 +22,7 @@ FinishStep::FinishStep(const SetupWizardModel& model, const QString& localHotkey
     constexpr int narrow = 90;
     addText(tr("Click the purple button on your desktop or press ⌥N to capture a note!"), TextRole::Body, &Theme::text2,
             4, Placement::Centre, narrow);
-    if (!localHotkeyLine.isEmpty()) {
-        addText(localHotkeyLine, TextRole::Caption, &Theme::text2, 4, Placement::Centre);
-    }
+    addText(localHotkeyLine, TextRole::Caption, &Theme::text2, 4, Placement::Centre);
     addSummary(model);
     finish();
 }

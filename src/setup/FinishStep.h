@@ -18,7 +18,7 @@ class FinishStep final : public StepColumn
     Q_OBJECT
 
 public:
-    /// `localHotkeyLine` tells how the hotkey works on this computer; none for an empty one.
+    /// `localHotkeyLine` tells which key it is on this computer, or why there is none.
     FinishStep(const SetupWizardModel& model, const QString& localHotkeyLine, QWidget* parent = nullptr);
     Q_DISABLE_COPY_MOVE(FinishStep)
 

@@ -40,7 +40,7 @@ public:
         row->addWidget(m_trash);
         m_trash->setSymbol(QStringLiteral("trash"));
         for (IconButton* button : {m_star, m_trash}) {
-            button->setAccessibleDescription(tag.appendText);
+            button->setAccessibleDescription(tag.icon + u' ' + tag.appendText);
         }
         connect(m_star, &IconButton::clicked, &model, [this, &model] { model.toggleDefault(id); });
         connect(m_trash, &IconButton::clicked, &model, [this, &model] { model.deleteTag(id); });

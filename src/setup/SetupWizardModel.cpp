@@ -6,8 +6,18 @@
 #include <setup/SetupWizardModel.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace flitmark {
+
+namespace {
+
+QString subfolderOrInbox(const QString& subfolder)
+{
+    return subfolder.isEmpty() ? QStringLiteral("Inbox") : subfolder;
+}
+
+} // namespace
 
 SetupWizardModel::SetupWizardModel(ConfigManager& configManager, const Directories& directories)
     : m_configManager(configManager)
@@ -84,7 +94,14 @@ void SetupWizardModel::setSaveSubfolder(const QString& subfolder)
 
 QString SetupWizardModel::effectiveSubfolder() const
 {
-    return m_saveSubfolder.isEmpty() ? QStringLiteral("Inbox") : m_saveSubfolder;
+    return subfolderOrInbox(m_saveSubfolder);
+}
+
+QString SetupWizardModel::captureSubfolder() const
+{
+    const auto& noteTypes = m_configManager.config().noteTypes;
+    const auto found = noteTypes.find(fleetingNoteType());
+    return found != noteTypes.end() ? subfolderOrInbox(found->subfolder) : effectiveSubfolder();
 }
 
 void SetupWizardModel::setNewTagIcon(const QString& icon)
@@ -127,6 +144,9 @@ void SetupWizardModel::deleteTag(QUuid id)
 
 void SetupWizardModel::finishSetup()
 {
+    if (std::exchange(m_isFinished, true)) {
+        return;
+    }
     m_configManager.update([this](AppConfig& config) {
         config.vaultPath = getFinalVaultPath();
         config.saveSubfolder = effectiveSubfolder();

@@ -60,6 +60,8 @@ public:
     void setSaveSubfolder(const QString& subfolder);
     /// The subfolder that will be stored: "Inbox" when the field is empty.
     QString effectiveSubfolder() const;
+    /// The subfolder for what is captured in the panel: that of its note type, where there is one.
+    QString captureSubfolder() const;
 
     const QList<QuickTag>& quickTags() const { return m_quickTags; }
     const QString& newTagIcon() const { return m_newTagIcon; }
@@ -71,7 +73,8 @@ public:
     void toggleDefault(QUuid id);
     void deleteTag(QUuid id);
 
-    /// Stores the choices in the configuration, marks the setup as completed, and saves. Emits `completed`.
+    /// Stores the choices in the configuration, marks the setup as completed, and saves. Emits `completed`. Later calls
+    /// do nothing.
     void finishSetup();
 
 Q_SIGNALS:
@@ -87,6 +90,7 @@ private:
     ConfigManager& m_configManager;
     Directories m_directories;
     int m_currentStep = welcomeStep;
+    bool m_isFinished = false;
     QList<DetectedVault> m_detectedVaults;
     QString m_selectedVaultPath;
     QString m_customVaultPath;

@@ -39,11 +39,10 @@ SetupWizardView::SetupWizardView(SetupWizardModel& model, Dialogs& dialogs, Colo
     : QWidget(parent)
     , m_model(model)
     , m_dialogs(dialogs)
-    , m_palette(palette)
+    , m_scheme(*this, palette)
     , m_content(new ScrollArea)
 {
     setFixedSize(contentSize);
-    wearScheme();
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
@@ -111,11 +110,6 @@ StepColumn* SetupWizardView::makeStep()
     }
 }
 
-void SetupWizardView::wearScheme()
-{
-    ThemeScope::set(*this, themeOfWindow(m_palette, desktopScheme()));
-}
-
 void SetupWizardView::showStep()
 {
     const Qt::FocusReason reason = focusReason(focusWidget());
@@ -174,14 +168,6 @@ void SetupWizardView::keyPressEvent(QKeyEvent* event)
     } else if (!m_content->scrollBy(event->key())) {
         QWidget::keyPressEvent(event);
     }
-}
-
-void SetupWizardView::changeEvent(QEvent* event)
-{
-    if (event->type() == QEvent::PaletteChange) {
-        wearScheme();
-    }
-    QWidget::changeEvent(event);
 }
 
 } // namespace flitmark

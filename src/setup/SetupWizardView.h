@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include <config/ColorPalette.h>
+#include <ui/SchemeFollower.h>
 
 #include <QWidget>
 
@@ -36,20 +36,18 @@ protected:
     void showEvent(QShowEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    void changeEvent(QEvent* event) override;
 
 private:
     QLayout* makeHeader();
     QLayout* makeNavigation();
     StepColumn* makeStep();
-    void wearScheme();
     void showStep();
     void showNavigation();
     void goForward();
 
     SetupWizardModel& m_model;
     Dialogs& m_dialogs;
-    ColorPalette m_palette;
+    SchemeFollower m_scheme;
     QString m_localHotkeyLine;
     Dots* m_dots = nullptr;
     ScrollArea* m_content = nullptr;

@@ -26,9 +26,7 @@ SetupWizardWindow::SetupWizardWindow(ConfigManager& configManager, const Directo
     layout->setSizeConstraint(QLayout::SetFixedSize);
     layout->addWidget(view);
     const auto tellOfHotkey = [view, &keyMonitor] {
-        const KeyMonitor::State state = keyMonitor.state();
-        const bool isAsPromised = state == KeyMonitor::State{.status = KeyMonitor::Status::Working};
-        view->setLocalHotkeyLine(isAsPromised ? QString() : onThisComputer::hotkey(state));
+        view->setLocalHotkeyLine(onThisComputer::hotkeyToPress(keyMonitor.state()));
     };
     tellOfHotkey();
     connect(&keyMonitor, &KeyMonitor::stateChanged, this, tellOfHotkey);

@@ -136,6 +136,7 @@ void VaultStep::addSubfolder()
     m_subfolder->setPlaceholderText(QStringLiteral("Inbox"));
     add(m_subfolder, 4);
     m_destination = addText({}, TextRole::Caption, &Theme::text2, 8);
+    m_captureDestination = addText({}, TextRole::Caption, &Theme::text2, 4);
     connect(m_subfolder, &TextField::textChanged, &m_model, &SetupWizardModel::setSaveSubfolder);
 }
 
@@ -161,6 +162,9 @@ void VaultStep::showModel()
     setFieldText(*m_customPath, m_model.customVaultPath());
     setFieldText(*m_subfolder, m_model.saveSubfolder());
     m_destination->setText(tr("Notes will be saved to: vault/%1").arg(m_model.effectiveSubfolder()));
+    m_captureDestination->setText(
+        tr("What you write in the panel goes to vault/%1. The settings' Notes page changes that.")
+            .arg(m_model.captureSubfolder()));
     showProblem();
 }
 

@@ -42,6 +42,7 @@ private:
     Label* m_problem = nullptr;
     TextField* m_subfolder = nullptr;
     Label* m_destination = nullptr;
+    Label* m_captureDestination = nullptr;
 };
 
 } // namespace flitmark

@@ -27,6 +27,7 @@ ChipButton::ChipButton(const QString& icon, const QString& name, QWidget* parent
     setCheckable(true);
     setToolTip(name);
     setAccessibleName(name);
+    setAccessibleDescription(icon);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     connect(this, &QPushButton::toggled, this, [this](bool isOn) {
         if (isVisible()) {

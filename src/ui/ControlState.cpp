@@ -20,9 +20,7 @@ bool clicksByReturn(QWidget& control, const QKeyEvent& event)
     if (button == nullptr || isToCheck || !isReturn || (event.modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier) {
         return false;
     }
-    if (!event.isAutoRepeat()) {
-        button->click();
-    }
+    button->click();
     return true;
 }
 

@@ -19,8 +19,9 @@ namespace {
 class QtDialogs final : public Dialogs
 {
 public:
-    explicit QtDialogs(const ConfigManager& configManager)
+    QtDialogs(const ConfigManager& configManager, RunLoop& runLoop)
         : m_configManager(configManager)
+        , m_runLoop(runLoop)
     {
     }
 
@@ -41,18 +42,16 @@ public:
 
     void ask(const Question& question, Answered onAnswered) override
     {
-        const ColorPalette palette = m_configManager.config().colorPalette;
-        auto* window = new QuestionWindow(question, themeOfWindow(palette, desktopScheme()));
-        QObject::connect(window, &QuestionWindow::answered, window,
-                         [this, window, onAnswered = std::move(onAnswered)](qsizetype button) {
-                             m_questions.removeOne(window);
-                             window->deleteLater();
-                             onAnswered(button);
-                         });
+        QuestionWindow* window = makeWindow(question, std::move(onAnswered), nullptr);
         m_questions.append(window);
         if (!m_areQuestionsAside) {
             window->showCentered();
         }
+    }
+
+    void askOver(QWidget& parent, const Question& question, Answered onAnswered) override
+    {
+        makeWindow(question, std::move(onAnswered), parent.window())->showCentered();
     }
 
     void setQuestionsAside(bool areAside) override
@@ -70,8 +69,22 @@ public:
     }
 
 private:
+    /// The window goes when it is answered.
+    QuestionWindow* makeWindow(const Question& question, Answered onAnswered, QWidget* parent)
+    {
+        auto* window = new QuestionWindow(question, m_configManager.config().colorPalette, m_runLoop, parent);
+        QObject::connect(window, &QuestionWindow::answered, window,
+                         [this, window, onAnswered = std::move(onAnswered)](qsizetype button) {
+                             m_questions.removeOne(window);
+                             window->deleteLater();
+                             onAnswered(button);
+                         });
+        return window;
+    }
+
     const ConfigManager& m_configManager;
-    /// Those that are not answered yet.
+    RunLoop& m_runLoop;
+    /// Those over all windows that are not answered yet.
     QList<QuestionWindow*> m_questions;
     bool m_areQuestionsAside = false;
 };
@@ -80,7 +93,8 @@ private:
 
 Dialogs& Dialogs::shared()
 {
-    return SharedServices::get<Dialogs>([] { return std::make_unique<QtDialogs>(ConfigManager::shared()); });
+    return SharedServices::get<Dialogs>(
+        [] { return std::make_unique<QtDialogs>(ConfigManager::shared(), RunLoop::shared()); });
 }
 
 } // namespace flitmark

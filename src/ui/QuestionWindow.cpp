@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Flitmark authors
 // SPDX-License-Identifier: MIT
 
+#include <platform/OnThisComputer.h>
 #include <ui/Button.h>
 #include <ui/Label.h>
 #include <ui/OrdinaryWindow.h>
@@ -19,17 +20,18 @@ constexpr int textWidth = 384;
 
 } // namespace
 
-QuestionWindow::QuestionWindow(const Dialogs::Question& question, const Theme& theme)
+QuestionWindow::QuestionWindow(const Dialogs::Question& question, ColorPalette palette, RunLoop& runLoop,
+                               QWidget* parent)
     // On top, because nothing else answers while it is there.
-    : QDialog(nullptr, closableWindow | Qt::Dialog | Qt::WindowStaysOnTopHint)
+    : QDialog(parent, closableWindow | Qt::Dialog | Qt::WindowStaysOnTopHint)
+    , m_scheme(*this, palette)
+    , m_keyPause(*this, runLoop)
     , m_lastButton(question.buttons.size() - 1)
 {
     setWindowTitle(question.message);
     setAccessibleDescription(question.details);
-    setWindowModality(Qt::ApplicationModal);
+    setWindowModality(parent != nullptr ? Qt::WindowModal : Qt::ApplicationModal);
     setFocusPolicy(Qt::ClickFocus);
-    setFocus();
-    ThemeScope::set(*this, theme);
 
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(margin, margin, margin, margin);
@@ -37,16 +39,35 @@ QuestionWindow::QuestionWindow(const Dialogs::Question& question, const Theme& t
     column->setSizeConstraint(QLayout::SetFixedSize);
     auto* message = new Label(question.message, TextRole::Title);
     auto* details = new Label(question.details);
-    details->setColor(&Theme::text2);
     for (Label* label : {message, details}) {
         label->setWordWrap(true);
         label->setFixedWidth(scaled(textWidth));
     }
+    details->setColor(&Theme::text2);
     column->addWidget(message);
     column->addSpacing(8);
     column->addWidget(details);
+    if (question.hotkey != nullptr) {
+        column->addWidget(makeHotkeyLine(*question.hotkey));
+    }
     column->addSpacing(margin);
     column->addLayout(makeButtons(question.buttons));
+}
+
+QWidget* QuestionWindow::makeHotkeyLine(const KeyMonitor& hotkey)
+{
+    auto* line = new Label({}, TextRole::Caption);
+    line->setColor(&Theme::text2);
+    line->setWordWrap(true);
+    line->setFixedWidth(scaled(textWidth));
+    line->setContentsMargins(0, 8, 0, 0);
+    const auto showState = [this, line, &hotkey, details = accessibleDescription()] {
+        line->setText(onThisComputer::hotkeyToPress(hotkey.state()));
+        setAccessibleDescription(details + u' ' + line->text());
+    };
+    showState();
+    connect(&hotkey, &KeyMonitor::stateChanged, line, showState);
+    return line;
 }
 
 QLayout* QuestionWindow::makeButtons(const QStringList& buttons)
@@ -66,6 +87,7 @@ QLayout* QuestionWindow::makeButtons(const QStringList& buttons)
 
 void QuestionWindow::showCentered()
 {
+    m_keyPause.begin();
     centreOnScreen(*this);
     makeKeyAndOrderFront(*this);
 }

@@ -23,6 +23,12 @@ namespace {
 constexpr double sheetRadius = 16;
 constexpr float scrimOpacity = 0.45F;
 
+/// The one shortcut that means the program.
+bool isQuit(const QKeyEvent& key)
+{
+    return key.keyCombination() == QKeyCombination(Qt::ControlModifier, Qt::Key_Q);
+}
+
 } // namespace
 
 class Sheet::Frame final : public QWidget
@@ -113,8 +119,8 @@ void Sheet::dismiss()
 
 bool Sheet::event(QEvent* event)
 {
-    // Escape is the sheet's while it is open, before any shortcut of its window.
-    if (event->type() == QEvent::ShortcutOverride && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
+    // No shortcut works on what the sheet covers; they come back as keys.
+    if (event->type() == QEvent::ShortcutOverride && !isQuit(static_cast<const QKeyEvent&>(*event))) {
         event->accept();
         return true;
     }

@@ -11,7 +11,7 @@ class QVBoxLayout;
 namespace flitmark {
 
 /// A dialog inside a window: a frame in the middle of its host, over a scrim that keeps clicks and the keyboard from
-/// the rest. Escape asks to close it. To screen readers it is a modal dialog.
+/// the rest, shortcuts among it; only Ctrl+Q goes by. Escape asks to close it. To screen readers it is a modal dialog.
 class Sheet : public QWidget
 {
     Q_OBJECT

@@ -12,11 +12,16 @@
 #include <capture/NoteEditor.h>
 #include <checkin/PopupPlacement.h>
 #include <settings/SettingsWindow.h>
+#include <setup/SetupWizardWindow.h>
 #include <support/Accessible.h>
 #include <support/Desktop.h>
-#include <ui/Theme.h>
+#include <ui/Fonts.h>
+#include <ui/QuestionWindow.h>
+#include <ui/ThemeScope.h>
 
 #include <QLineEdit>
+#include <QSignalSpy>
+#include <QTextBlock>
 
 using namespace flitmark;
 using namespace std::chrono_literals;
@@ -120,6 +125,73 @@ private Q_SLOTS:
         QCOMPARE(desktop.loginService.status(), LoginService::Status::Enabled);
     }
 
+    void wizard_endsOnceAndTellsTheKey()
+    {
+        Desktop desktop([](AppConfig& config) { config.hasCompletedSetup = false; });
+        QWidget& wizard = *desktop.delegate.setupWindow();
+        click(wizard, "Get Started");
+        click(wizard, "Use custom folder path");
+        type(named<QLineEdit>(wizard, "Vault path"), "/v");
+        click(wizard, "Next");
+        click(wizard, "Next");
+        QVERIFY(shows(wizard, "On this computer: Alt+N"));
+        desktop.keyMonitor.current = {.status = KeyMonitor::Status::Refused, .reason = "Not here."};
+        Q_EMIT desktop.keyMonitor.stateChanged();
+        QCOMPARE(visibleTexts(wizard).filter("the desktop refused the hotkey. Not here.").size(), 1);
+        click(wizard, "Start Using Flitmark");
+        click(wizard, "Start Using Flitmark");
+        desktop.loop.advance(1s);
+        QVERIFY(desktop.delegate.setupWindow() == nullptr);
+        QCOMPARE(desktop.dialogs.questions.size(), 1);
+    }
+    void question_isDeafAtFirstAndTellsTheKey()
+    {
+        Desktop desktop;
+        desktop.loop.advance(1s);
+        QuestionWindow window(desktop.dialogs.questions.value(0), ColorPalette::obsidianNative, desktop.loop);
+        QSignalSpy answered(&window, &QuestionWindow::answered);
+        window.showCentered();
+        QVERIFY(QTest::qWaitForWindowActive(&window) && shows(window, "On this computer: Alt+N"));
+        desktop.keyMonitor.current.reason = "Late.";
+        Q_EMIT desktop.keyMonitor.stateChanged();
+        QVERIFY(!shows(window, "On this computer: Alt+N") && window.accessibleDescription().endsWith("Late."));
+        for (const auto& [wait, answers] : {std::pair(499ms, 0), {1ms, 1}}) {
+            desktop.loop.advance(wait);
+            press(Qt::Key_Return);
+            QTest::keyClick(&window, Qt::Key_Escape);
+            QCOMPARE(answered.size(), answers);
+        }
+    }
+    void openWindows_followTheDesktopsSchemeAndFont()
+    {
+        const QPalette palette = QApplication::palette();
+        const QFont font = QApplication::font();
+        Desktop desktop;
+        desktop.delegate.showPanel();
+        auto* editor = desktop.panel().findChild<NoteEditor*>();
+        QuestionWindow question({.message = "?", .details = {}, .buttons = {"OK"}}, ColorPalette::forestFocus,
+                                desktop.loop);
+        UpdateWindow updates(desktop.updater, desktop.workspace);
+        question.showCentered();
+        updates.showCentered(ColorPalette::forestFocus, UpdateWindow::Keyboard::Take);
+        for (const auto& [scheme, color] : {std::pair(Scheme::Dark, Qt::black), {Scheme::Light, Qt::white}}) {
+            QApplication::setPalette(QPalette(color));
+            QCoreApplication::processEvents();
+            QCOMPARE(ThemeScope::of(question), themeOfWindow(ColorPalette::forestFocus, scheme));
+            QCOMPARE(ThemeScope::of(updates), themeOfWindow(ColorPalette::forestFocus, scheme));
+        }
+        for (const double points : {16.5, 9.0}) {
+            QFont other = font;
+            other.setPointSizeF(points);
+            QApplication::setFont(other);
+            QCoreApplication::processEvents();
+            QCOMPARE(editor->font().pixelSize(), fontOf(TextRole::Note).pixelSize());
+            QCOMPARE(editor->document()->firstBlock().blockFormat().lineHeight(), rowHeight(TextRole::Note));
+        }
+        QApplication::setPalette(palette);
+        QApplication::setFont(font);
+    }
+
     void windows_lieOnTheVisibleScreen()
     {
         // A desktop panel of 60 points at the bottom and a bar of 30 at the left; a screen elsewhere; a tiny one.
@@ -172,8 +244,7 @@ private Q_SLOTS:
             FakeUpdater updater;
             TestWorkspace workspace;
             UpdateWindow window(updater, workspace);
-            window.showCentered(themeOfWindow(ColorPalette::obsidianNative, Scheme::Light),
-                                UpdateWindow::Keyboard::Take);
+            window.showCentered(ColorPalette::obsidianNative, UpdateWindow::Keyboard::Take);
             updater.current = {.status = status, .version = "1.3", .page = url, .reason = "No network."};
             Q_EMIT updater.stateChanged();
             QVERIFY(shows(window, said));

@@ -122,13 +122,13 @@ private Q_SLOTS:
         }
         d.loop.advance(1s);
         for (const Dialogs::Question& asked : d.dialogs.questions) {
-            QuestionWindow question(asked, themeOfWindow(ColorPalette::obsidianNative, Scheme::Light));
+            QuestionWindow question(asked, ColorPalette::obsidianNative, d.loop);
             question.showCentered();
             look(question);
         }
         using Status = Updater::Status;
         UpdateWindow updates(d.updater, d.workspace);
-        updates.showCentered(themeOfWindow(ColorPalette::obsidianNative, Scheme::Light), UpdateWindow::Keyboard::Take);
+        updates.showCentered(ColorPalette::obsidianNative, UpdateWindow::Keyboard::Take);
         for (const Status status :
              {Status::NotOffered, Status::Checking, Status::UpToDate, Status::Available, Status::Failed}) {
             d.updater.current = {.status = status, .version = "1.3", .reason = "4"};

@@ -72,6 +72,28 @@ class SetupTest(DesktopCase):
         self.assertEqual(list(config), sorted(config), "the keys in the order of the file")
         self.program.find("Not Now", "push button", "Start Flitmark automatically?")
 
+    def test_is_finished_once_however_it_is_pressed(self):
+        question = "Start Flitmark automatically?"
+        self.home.make_vault()
+        for act in (["click", "--repeat", 2, "--delay", 60, 1], ["click", "--repeat", 2, "--delay", 240, 1],
+                    ["key", "--delay", 120, "Return", "Return"], ["keydown", "Return", "sleep", 2, "keyup", "Return"]):
+            with self.subTest(act=act):
+                self.home.config_path.unlink(missing_ok=True)
+                self.home.forget_login_question()
+                self.start_wizard()
+                for button in ("Get Started", "Next", "Next"):
+                    self.next(button)
+                last = self.program.find("Start Using Flitmark", "push button", WIZARD)
+                self.screen.xdotool("mousemove", *self.program.place_of(last).centre, *act)
+                asked = self.screen.window(question)
+                wait_until(lambda: not self.screen.windows(WIZARD), "the wizard to leave")
+                self.assertEqual(len(self.screen.windows("Flitmark Button")), 1)
+                # A held key that finished the wizard does not answer what comes after it. Another key does.
+                self.assertTrue(asked.is_on_screen)
+                self.assertFalse(self.home.login_question_is_answered())
+                self.screen.key_until("Escape", self.home.login_question_is_answered, "the answer")
+                self.end_program()
+
     def test_closing_the_wizard_finishes_nothing(self):
         self.home.make_vault()
         wizard = self.start_wizard()

@@ -167,15 +167,16 @@ class LoginTest(SetUpCase):
         self.screen.key("Escape")
         wait_until(lambda: self.screen.window(QUESTION).is_active, "the question to come back")
         self.assertFalse(self.home.login_question_is_answered())
-        self.screen.key("Tab", "Tab", "space")
+        last = self.program.find("Not Now", "push button", QUESTION)
+        self.screen.key_until("Tab", lambda: last.has("focused"), "the last button to have the keyboard")
+        self.screen.key("space")
         wait_until(self.home.login_question_is_answered, "the answer")
         self.assertFalse(self.home.autostart_path.exists())
 
     def test_a_refusal_is_kept_and_a_failure_shown(self):
         self.start_with_button()
         wait_until(lambda: self.screen.window(QUESTION).is_active, "the question to have the keyboard")
-        self.screen.key("Escape")
-        wait_until(lambda: self.home.login_question_is_answered(), "the answer to be kept")
+        self.screen.key_until("Escape", self.home.login_question_is_answered, "the answer to be kept")
         self.assertFalse(self.home.autostart_path.exists())
         self.program.stop()
 
@@ -183,11 +184,9 @@ class LoginTest(SetUpCase):
         self.home.autostart_path.parent.write_text("in the way")
         self.start_with_button()
         wait_until(lambda: self.screen.window(QUESTION).is_active, "the question to have the keyboard")
-        self.screen.key("Return")
-        alert = self.screen.window("Auto-Start could not be enabled")
-        wait_until(lambda: alert.is_active, "the alert to have the keyboard")
-        self.screen.key("Return")
-        wait_until(lambda: not self.screen.windows("Auto-Start could not be enabled"), "the alert to leave")
+        failure = "Auto-Start could not be enabled"
+        self.screen.key_until("Return", lambda: self.screen.windows(failure), "the alert")
+        self.screen.key_until("Return", lambda: not self.screen.windows(failure), "the alert to leave")
 
 
 class WaylandTest(SetUpCase):

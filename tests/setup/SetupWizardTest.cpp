@@ -11,6 +11,7 @@
 
 #include <QLineEdit>
 #include <QScrollBar>
+#include <QSignalSpy>
 
 using namespace flitmark;
 
@@ -51,7 +52,10 @@ private Q_SLOTS:
         click("Next");
         press(Qt::Key_Return);
         QCOMPARE(m_model->currentStep(), SetupWizardModel::finishStep);
+        QSignalSpy completed(m_model.get(), &SetupWizardModel::completed);
         press(Qt::Key_Return);
+        press(Qt::Key_Return); // too often
+        QCOMPARE(completed.size(), 1);
         QVERIFY(m_config->config().hasCompletedSetup);
         QCOMPARE(m_config->config().vaultPath, "/v");
         QCOMPARE(m_config->config().saveSubfolder, "Inbox");
@@ -96,6 +100,11 @@ private Q_SLOTS:
         openWizard(2, SetupWizardModel::vaultStep);
         click("Use custom folder path");
         QVERIFY(!find<QAbstractButton>("Vault 1")->isChecked() && field("Vault path")->hasFocus());
+        type(field("Subfolder"), "Ideas");
+        QVERIFY(shows(*m_view, "Notes will be saved to: vault/Ideas"));
+        QVERIFY(
+            shows(*m_view, "What you write in the panel goes to vault/Inbox. The settings' Notes page changes that."));
+        field("Vault path")->setFocus();
         for (const auto& [path, problem] : {
                  std::pair("", "Choose the folder of your vault."),
                  {"/usr", ""},
@@ -129,7 +138,7 @@ private Q_SLOTS:
         press(Qt::Key_Space);
         QVERIFY(m_model->quickTags()[2].isDefault && star->hasFocus() && shows(*m_view, "Default"));
         find("Delete", 1)->setFocus(Qt::TabFocusReason);
-        for (const char* next : {"#type/idea", "#type/task", "#priority/high"}) {
+        for (const char* next : {"💡 #type/idea", "✅ #type/task", "🔥 #priority/high"}) {
             press(Qt::Key_Space);
             QCOMPARE(spoken(QApplication::focusWidget(), QAccessible::Description), next);
             settle();

@@ -12,6 +12,7 @@
 
 #include <QHash>
 #include <QVariant>
+#include <QWidget>
 #include <QWindow>
 
 namespace flitmark {
@@ -43,12 +44,12 @@ public:
     void activate(WindowId) override {}
 };
 
-/// Answers every question for a folder with `answer`; an empty one is a cancelled dialog. Other questions get the first
-/// button.
+/// Answers every question for a folder with `answer`; an empty one is a cancelled dialog. Other questions get `button`.
 class FakeDialogs final : public Dialogs
 {
 public:
     QString answer;
+    qsizetype button = 0;
     QList<Question> questions;
 
     void chooseFolder(QWidget&, const QString&, FolderChosen onChosen) override
@@ -60,7 +61,14 @@ public:
     void ask(const Question& question, Answered onAnswered) override
     {
         questions.append(question);
-        onAnswered(0);
+        onAnswered(button);
+    }
+    /// The answer comes with the next turn, as a user's comes later.
+    void askOver(QWidget& parent, const Question& question, Answered onAnswered) override
+    {
+        questions.append(question);
+        QMetaObject::invokeMethod(
+            &parent, [onAnswered = std::move(onAnswered), given = button] { onAnswered(given); }, Qt::QueuedConnection);
     }
     void setQuestionsAside(bool) override {}
 };

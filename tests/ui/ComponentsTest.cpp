@@ -8,6 +8,7 @@
 #include <ui/IconButton.h>
 #include <ui/Label.h>
 #include <ui/ListRow.h>
+#include <ui/RepeatFilter.h>
 #include <ui/SegmentedTabs.h>
 #include <ui/Slider.h>
 #include <ui/Surfaces.h>
@@ -69,7 +70,7 @@ private Q_SLOTS:
             {new Button(name), QAccessible::Button, {}, 3},
             {new IconButton(name), QAccessible::Button, {}, 3},
             {new ActionRow(row), QAccessible::Button, second, 3},
-            {new ChipButton("🔥", name), QAccessible::CheckBox, {}, 1},
+            {new ChipButton("🔥", name), QAccessible::CheckBox, "🔥", 1},
             {new CheckBox(name), QAccessible::CheckBox, {}, 1},
             {new Switch(name), QAccessible::CheckBox, {}, 1},
             {new Slider(name, 0, 10, 1), QAccessible::Slider, {}, 0},
@@ -107,6 +108,81 @@ private Q_SLOTS:
             QTest::keyClick(button, Qt::Key_Space);
             QTest::mouseClick(button, Qt::LeftButton);
             QCOMPARE(clicks.count(), 0);
+        }
+    }
+    void heldKeysAndDoubleClicks_actOnce()
+    {
+        auto* field = new TextField("Field");
+        auto* area = new TextArea("Area", 96);
+        auto* check = new CheckBox("Check");
+        auto* save = new Button("Save");
+        auto* other = new Button("Other");
+        const auto window = windowOf({field, area, check, save, other});
+        RepeatFilter filter;
+        QCoreApplication::instance()->installEventFilter(&filter);
+
+        // What X11 makes of a held key: at the same moment a release and a press, which Qt may or may not see through.
+        quint64 now = 1000;
+        const auto sendKey = [&](QWidget* to, QEvent::Type type, Qt::Key key, bool isRepeat) {
+            QKeyEvent event(type, key, {}, 36, 0, 0, key == Qt::Key_Space ? " " : "\r", isRepeat);
+            event.setTimestamp(now);
+            QCoreApplication::sendEvent(to, &event);
+            return event.isAccepted();
+        };
+        const auto hold = [&](QWidget* to, Qt::Key key) {
+            to->setFocus();
+            now += 500;
+            sendKey(to, QEvent::KeyPress, key, false);
+            for (const bool isSeenThrough : {true, false}) {
+                now += 500;
+                sendKey(to, QEvent::KeyRelease, key, isSeenThrough);
+                QVERIFY(sendKey(to, QEvent::ShortcutOverride, key, isSeenThrough)); // no shortcut either
+                sendKey(to, QEvent::KeyPress, key, isSeenThrough);
+            }
+            now += 20;
+            sendKey(to, QEvent::KeyRelease, key, false);
+        };
+        QSignalSpy entered(field, &QLineEdit::returnPressed);
+        QSignalSpy checked(check, &QAbstractButton::clicked);
+        QSignalSpy saved(save, &QAbstractButton::clicked);
+        QSignalSpy others(other, &QAbstractButton::clicked);
+        for (int round = 1; round <= 2; ++round) { // a key that is pressed again counts again
+            hold(field, Qt::Key_Return);
+            hold(save, Qt::Key_Return);
+            hold(check, Qt::Key_Space);
+            hold(field, Qt::Key_Space);
+            hold(area, Qt::Key_Return);
+            QCOMPARE(entered.size(), round);
+            QCOMPARE(saved.size(), round);
+            QCOMPARE(checked.size(), round);
+            QCOMPARE(field->text().size(), 3 * round);
+            QVERIFY(area->text().count('\n') >= 2 * round);
+        }
+
+        const auto clickTwice = [&](QWidget* first, QWidget* second, quint64 apart) {
+            for (auto [to, type] :
+                 {std::pair(first, QEvent::MouseButtonPress), {second, QEvent::MouseButtonDblClick}}) {
+                QMouseEvent press(type, QPointF(5, 5), QPointF(), QPointF(), Qt::LeftButton, Qt::LeftButton, {});
+                press.setTimestamp(now);
+                QCoreApplication::sendEvent(to, &press);
+                QTest::mouseRelease(to, Qt::LeftButton);
+                now += apart;
+            }
+            now += 1000;
+        };
+        for (const auto& [first, second, apart, saves, checks, othersClicked] :
+             {std::tuple<QWidget*, QWidget*, quint64, int, int, int>(save, save, 60, 1, 0, 0),
+              {save, save, 240, 1, 0, 0},
+              {save, save, 300, 2, 0, 0},
+              {check, check, 60, 0, 2, 0},
+              {save, other, 240, 1, 0, 0}, // what has come where the first click was
+              {save, check, 240, 1, 0, 0},
+              {save, other, 300, 1, 0, 1}}) {
+            saved.clear(), checked.clear(), others.clear();
+            clickTwice(first, second, apart);
+            QCOMPARE(saved.size(), saves);
+            QCOMPARE(checked.size(), checks);
+            QCOMPARE(others.size(), othersClicked);
         }
     }
     void ringIsForTheKeyboard()

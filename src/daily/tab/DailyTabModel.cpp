@@ -143,6 +143,9 @@ void DailyTabModel::markFocusDone()
 
 void DailyTabModel::saveFocus()
 {
+    if (m_focusEditor == FocusEditor::Closed) {
+        return;
+    }
     const QString focus = trimSpaces(m_editedFocus).toString();
     if (focus.isEmpty() || m_services.dailyNoteManager.updateFocus(focus)) {
         setFocusEditor(FocusEditor::Closed);

@@ -79,7 +79,7 @@ public:
     /// Opens it empty; the note keeps its focus until another one is saved. Does nothing without a focus.
     void markFocusDone();
     /// Saves what is entered, without the spaces around it, unless that is nothing; closes the editor. What can't be
-    /// written stays in it.
+    /// written stays in it. Does nothing while it is closed.
     void saveFocus();
     void cancelFocus();
 
@@ -116,7 +116,7 @@ public:
     /// What the waiting alert says; empty without one.
     QString alertPlanned() const;
     QString alertActual() const;
-    /// Answers the waiting alert and closes the sheet. Does nothing without one.
+    /// Answers the waiting alert and closes the sheet. Does nothing without one, or while the sheet is closed.
     void respondToAlert(AlertResponse response);
 
 Q_SIGNALS:

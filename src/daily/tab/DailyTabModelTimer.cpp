@@ -141,7 +141,7 @@ void DailyTabModel::respondToAlert(AlertResponse response)
 {
     // A copy: the answer withdraws the alert.
     const std::optional<CoachAlert> alert = m_services.signalManager.currentAlert();
-    if (!alert) {
+    if (!alert || !m_showCoachAlert) {
         return;
     }
     m_services.signalManager.writeUserResponse(alert->alertId, responseText(response), QString());

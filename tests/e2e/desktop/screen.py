@@ -96,6 +96,10 @@ class Screen:
         """Presses keys by their names, one after the other ("ctrl+Return")."""
         self.xdotool("key", "--delay", 5, *keys)
 
+    def key_until(self, key, condition, what):
+        """Presses a key until `condition()` holds: a window that came by itself is deaf to the first ones."""
+        wait_until(lambda: condition() or (self.key(key), condition())[1], what)
+
     def copy(self, text):
         """Puts `text` on the clipboard and keeps it there until the next text."""
         self.release()
