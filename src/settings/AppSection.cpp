@@ -55,6 +55,7 @@ SwitchRow* AppSection::makeUpdatesRow()
                               tr("Uses Sparkle to watch the GitHub Release appcast and offer new versions."));
     Label* local = row->addLine();
     follow([this, row, local] {
+        row->toggle()->setEnabled(model().areUpdatesOffered());
         row->toggle()->setChecked(model().automaticallyChecksForUpdates());
         local->setText(onThisComputer::updates(model().areUpdatesOffered()));
     });

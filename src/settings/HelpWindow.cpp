@@ -30,13 +30,13 @@ QSize grown(const QSize& size)
 
 HelpWindow::HelpWindow(ConfigManager& configManager, const HelpServices& services)
     : QWidget(nullptr, closableWindow)
-    , m_configManager(configManager)
+    , m_scheme(*this, configManager.config().colorPalette)
 {
     setWindowTitle(tr("Flitmark Help"));
     setAccessibleRole(*this, QAccessible::Window);
     setAttribute(Qt::WA_DeleteOnClose);
-    wearScheme();
-    connect(&configManager, &ConfigManager::configChanged, this, &HelpWindow::wearScheme);
+    connect(&configManager, &ConfigManager::configChanged, this,
+            [this, &configManager] { m_scheme.setPalette(configManager.config().colorPalette); });
     auto* view = new HelpView(services, HelpView::Corners::Square, this);
     connect(view, &HelpView::doneAsked, this, &HelpWindow::close);
     auto* layout = new QVBoxLayout(this);
@@ -52,11 +52,6 @@ void HelpWindow::showCentered()
     makeKeyAndOrderFront(*this);
 }
 
-void HelpWindow::wearScheme()
-{
-    ThemeScope::set(*this, themeOfWindow(m_configManager.config().colorPalette, desktopScheme()));
-}
-
 void HelpWindow::paintEvent(QPaintEvent* event)
 {
     QPainter(this).fillRect(event->rect(), ThemeScope::of(*this).background);
@@ -69,14 +64,6 @@ void HelpWindow::keyPressEvent(QKeyEvent* event)
     } else {
         QWidget::keyPressEvent(event);
     }
-}
-
-void HelpWindow::changeEvent(QEvent* event)
-{
-    if (event->type() == QEvent::PaletteChange) {
-        wearScheme();
-    }
-    QWidget::changeEvent(event);
 }
 
 } // namespace flitmark

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <settings/HelpServices.h>
+#include <ui/SchemeFollower.h>
 
 #include <QWidget>
 
@@ -25,13 +26,10 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-    void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    void wearScheme();
-
-    ConfigManager& m_configManager;
+    SchemeFollower m_scheme;
 };
 
 } // namespace flitmark

@@ -28,6 +28,15 @@ NotesSection::NotesSection(SettingsModel& model)
     bind(tags, &SettingsState::defaultTags);
     addCaption(tr("These tags are added to every note you create"));
 
+    addLabel(tr("Folder for Captured Notes"));
+    TextField* folder = makeField(tr("Folder for Captured Notes"), QStringLiteral("Inbox"));
+    add(folder, 0);
+    bind(folder, &SettingsState::captureSubfolder);
+    Label* destination = addCaption({});
+    follow([this, destination] {
+        destination->setText(tr("What you write in the panel is saved to: %1").arg(this->model().captureFolder()));
+    });
+
     addLabel(tr("Window Mode"));
     addChoices({{QStringLiteral("normal"), tr("Normal")},
                 {QStringLiteral("desktop"), tr("Desktop (behind windows)")},

@@ -16,6 +16,7 @@
 #include <QSignalBlocker>
 
 #include <algorithm>
+#include <limits>
 
 namespace flitmark {
 
@@ -71,7 +72,9 @@ void PomodoroSection::addInterval()
     add(row, 0);
     follow([this, label, slider] {
         const qint64 minutes = model().state().pomodoroInterval;
-        label->setText(tr("Check-in Interval: %n minutes", nullptr, static_cast<int>(minutes)));
+        // A file may hold more than the number that bends the noun can.
+        const auto plural = static_cast<int>(std::clamp<qint64>(minutes, 0, std::numeric_limits<int>::max()));
+        label->setText(tr("Check-in Interval: %1 minutes", nullptr, plural).arg(minutes));
         const QSignalBlocker blocker(slider);
         slider->setValue(static_cast<int>(std::clamp<qint64>(minutes, shortestInterval, longestInterval)));
         slider->update();

@@ -106,6 +106,7 @@ void QuickTagRow::showTag(const QuickTag& tag)
 void QuickTagRow::describe()
 {
     setAccessibleName(m_tag.appendText);
+    setAccessibleDescription(m_tag.icon);
     m_text->setText(m_tag.appendText);
     m_badge->setVisible(m_tag.isDefault);
     m_star->setName(m_tag.isDefault ? tr("Remove as default") : tr("Set as default"));

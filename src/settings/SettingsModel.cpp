@@ -66,6 +66,7 @@ void SettingsModel::loadSettings()
     m_state = {
         .vaultPath = config.vaultPath,
         .saveSubfolder = config.saveSubfolder,
+        .captureSubfolder = config.noteTypes.value(fleetingNoteType()).subfolder,
         .defaultTags = config.defaultTags.join(QStringLiteral(", ")),
         .playSoundOnSave = config.playSoundOnSave,
         .windowMode = config.windowMode,
@@ -88,6 +89,7 @@ void SettingsModel::loadSettings()
     if (m_state.coachPrompt.isEmpty()) {
         m_state.coachPrompt = presetPrompt(m_state.coachStyle);
     }
+    m_stored = m_state;
     m_services.loginItemManager.refresh();
     Q_EMIT changed();
 }
@@ -96,6 +98,7 @@ void SettingsModel::saveSettings()
 {
     saveConfig();
     saveCoachConfig();
+    m_stored = m_state;
     CheckinWindowController& controller = m_services.checkinController;
     const bool wasRunning = controller.isRunning();
     if (m_state.pomodoroEnabled && m_state.coachEnabled) {
@@ -111,25 +114,32 @@ void SettingsModel::saveSettings()
     Q_EMIT m_services.notificationCenter.windowModeChanged();
 }
 
+void SettingsModel::writeTo(AppConfig& config) const
+{
+    config.vaultPath = m_state.vaultPath;
+    config.saveSubfolder = m_state.saveSubfolder;
+    config.defaultTags = trimmedPieces(m_state.defaultTags.split(u','));
+    config.playSoundOnSave = m_state.playSoundOnSave;
+    config.windowMode = m_state.windowMode;
+    config.windowOpacity = m_state.windowOpacity;
+    config.colorPalette = m_state.selectedPalette;
+    config.pomodoroEnabled = m_state.pomodoroEnabled;
+    config.coachEnabled = m_state.coachEnabled;
+    config.pomodoroIntervalMinutes = m_state.pomodoroInterval;
+    config.checkinStartTime = m_state.checkinStartTime;
+    config.checkinEndTime = m_state.checkinEndTime;
+    config.detectionMode = m_state.detectionMode;
+    config.dailyReviewEnabled = m_state.dailyReviewEnabled;
+    config.dailyReviewTimes = trimmedPieces(m_state.dailyReviewTimes);
+    // Without a folder of their own captures go where all other notes go, until they are given one.
+    if (config.noteTypes.contains(fleetingNoteType()) || !trimSpaces(m_state.captureSubfolder).isEmpty()) {
+        config.noteTypes[fleetingNoteType()].subfolder = m_state.captureSubfolder;
+    }
+}
+
 void SettingsModel::saveConfig()
 {
-    m_services.configManager.update([this](AppConfig& config) {
-        config.vaultPath = m_state.vaultPath;
-        config.saveSubfolder = m_state.saveSubfolder;
-        config.defaultTags = trimmedPieces(m_state.defaultTags.split(u','));
-        config.playSoundOnSave = m_state.playSoundOnSave;
-        config.windowMode = m_state.windowMode;
-        config.windowOpacity = m_state.windowOpacity;
-        config.colorPalette = m_state.selectedPalette;
-        config.pomodoroEnabled = m_state.pomodoroEnabled;
-        config.coachEnabled = m_state.coachEnabled;
-        config.pomodoroIntervalMinutes = m_state.pomodoroInterval;
-        config.checkinStartTime = m_state.checkinStartTime;
-        config.checkinEndTime = m_state.checkinEndTime;
-        config.detectionMode = m_state.detectionMode;
-        config.dailyReviewEnabled = m_state.dailyReviewEnabled;
-        config.dailyReviewTimes = trimmedPieces(m_state.dailyReviewTimes);
-    });
+    m_services.configManager.update([this](AppConfig& config) { writeTo(config); });
     m_services.configManager.save();
 }
 
@@ -163,6 +173,13 @@ QString SettingsModel::saveFolder() const
 {
     const QString subfolder = m_state.saveSubfolder.isEmpty() ? QStringLiteral("Inbox") : m_state.saveSubfolder;
     return m_state.vaultPath + u'/' + subfolder + u'/';
+}
+
+QString SettingsModel::captureFolder() const
+{
+    AppConfig config = m_services.configManager.config();
+    writeTo(config);
+    return ConfigManager::saveDirectory(config, fleetingNoteType());
 }
 
 QString SettingsModel::detectionModeDescription() const

@@ -24,6 +24,8 @@ struct SettingsState
 {
     QString vaultPath;
     QString saveSubfolder;
+    /// Of the vault, for what is captured in the panel.
+    QString captureSubfolder;
     /// Separated by commas.
     QString defaultTags;
     bool playSoundOnSave = true;
@@ -74,6 +76,8 @@ public:
     void loadSettings();
     /// Writes the working copy to the configuration and the coach's configuration, and has the timers take it up.
     void saveSettings();
+    /// Whether the working copy was changed since it was filled or written back.
+    bool hasUnsavedChanges() const { return m_state != m_stored; }
 
     Tab selectedTab() const { return m_selectedTab; }
     void setSelectedTab(Tab tab);
@@ -95,6 +99,8 @@ public:
     QString vaultPathProblem() const;
     /// The folder into which notes would be saved, as a text for the user.
     QString saveFolder() const;
+    /// The folder into which captures would be saved, whatever is typed; empty when the vault's path is not absolute.
+    QString captureFolder() const;
 
     /// One sentence on how the chosen detection mode works; empty for an unknown one.
     QString detectionModeDescription() const;
@@ -126,7 +132,7 @@ public:
     void setAutomaticallyChecksForUpdates(bool checks);
     void checkForUpdates() const;
     bool areUpdatesOffered() const;
-    /// What the last check found, in one line; empty when there is nothing to say.
+    /// What the last check found, in one line; empty when there is nothing to say, or no check is offered.
     QString updateResult() const;
 
     /// Opens the check-in popup.
@@ -138,6 +144,7 @@ Q_SIGNALS:
     void selectedTabChanged();
 
 private:
+    void writeTo(AppConfig& config) const;
     void saveConfig();
     void saveCoachConfig();
 
@@ -145,6 +152,8 @@ private:
     QuickTagEditor m_quickTagEditor;
     Tab m_selectedTab = Tab::app;
     SettingsState m_state;
+    /// The working copy as it was filled or written back.
+    SettingsState m_stored;
 };
 
 } // namespace flitmark

@@ -63,9 +63,9 @@ QString SettingsModel::updateResult() const
     case Updater::Status::Available:
         return tr("Version %1 is available.").arg(state.version);
     case Updater::Status::Failed:
-    case Updater::Status::NotOffered:
         return state.reason;
     case Updater::Status::Idle:
+    case Updater::Status::NotOffered:
         break;
     }
     return {};

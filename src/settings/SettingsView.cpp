@@ -15,6 +15,8 @@
 #include <ui/ScrollArea.h>
 #include <ui/Surfaces.h>
 #include <ui/TabTiles.h>
+#include <ui/TextArea.h>
+#include <ui/TextField.h>
 #include <ui/ThemeScope.h>
 
 #include <QKeyEvent>
@@ -28,6 +30,11 @@ namespace {
 
 constexpr QSize smallestSize(640, 360);
 
+bool isTextField(const QWidget* widget)
+{
+    return qobject_cast<const TextField*>(widget) != nullptr || qobject_cast<const TextArea*>(widget) != nullptr;
+}
+
 } // namespace
 
 SettingsView::SettingsView(SettingsModel& model, Dialogs& dialogs, const KeyMonitor& keyMonitor, ColorPalette palette,
@@ -36,9 +43,8 @@ SettingsView::SettingsView(SettingsModel& model, Dialogs& dialogs, const KeyMoni
     , m_model(model)
     , m_dialogs(dialogs)
     , m_keyMonitor(keyMonitor)
-    , m_palette(palette)
+    , m_scheme(*this, palette)
 {
-    wearScheme();
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins({});
     column->setSpacing(0);
@@ -141,11 +147,6 @@ void SettingsView::finish()
     Q_EMIT done();
 }
 
-void SettingsView::wearScheme()
-{
-    ThemeScope::set(*this, themeOfWindow(m_palette, desktopScheme()));
-}
-
 void SettingsView::showEvent(QShowEvent* event)
 {
     if (!m_isLoaded) {
@@ -165,19 +166,14 @@ void SettingsView::paintEvent(QPaintEvent* event)
 void SettingsView::keyPressEvent(QKeyEvent* event)
 {
     ScrollArea* section = m_sections[static_cast<int>(m_model.selectedTab())];
-    if (event->key() == Qt::Key_Escape) {
+    if (event->key() == Qt::Key_Escape && isTextField(focusWidget())) {
+        // What is typed stays in the field.
+        m_tabs->currentTile()->setFocus();
+    } else if (event->key() == Qt::Key_Escape) {
         Q_EMIT closeAsked();
     } else if (section == nullptr || !section->scrollBy(event->key())) {
         QWidget::keyPressEvent(event);
     }
-}
-
-void SettingsView::changeEvent(QEvent* event)
-{
-    if (event->type() == QEvent::PaletteChange) {
-        wearScheme();
-    }
-    QWidget::changeEvent(event);
 }
 
 } // namespace flitmark

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include <config/ColorPalette.h>
+#include <ui/SchemeFollower.h>
 
 #include <QWidget>
 
@@ -44,20 +44,18 @@ protected:
     void showEvent(QShowEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    void changeEvent(QEvent* event) override;
 
 private:
     QLayout* makeHeader() const;
     QLayout* makeTabs();
     SettingsSection* makeSection();
     void showSelectedTab();
-    void wearScheme();
     void finish();
 
     SettingsModel& m_model;
     Dialogs& m_dialogs;
     const KeyMonitor& m_keyMonitor;
-    ColorPalette m_palette;
+    SchemeFollower m_scheme;
     TabTiles* m_tabs = nullptr;
     QStackedLayout* m_pages = nullptr;
     /// One per tab; null until it is made.

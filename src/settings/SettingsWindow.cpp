@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include <config/ConfigManager.h>
+#include <platform/Dialogs.h>
 #include <settings/HelpSheet.h>
 #include <settings/SettingsView.h>
 #include <settings/SettingsWindow.h>
@@ -22,6 +23,7 @@ constexpr QSize usualSize(640, 600);
 SettingsWindow::SettingsWindow(const SettingsModel::Services& services, Dialogs& dialogs, const HelpServices& help)
     : QWidget(nullptr, Qt::Window)
     , m_model(services)
+    , m_dialogs(dialogs)
 {
     setWindowTitle(tr("Flitmark Settings"));
     setAccessibleRole(*this, QAccessible::Window);
@@ -44,8 +46,33 @@ void SettingsWindow::showCentered()
 
 void SettingsWindow::closeEvent(QCloseEvent* event)
 {
-    event->accept();
-    Q_EMIT closed();
+    event->setAccepted(!m_model.hasUnsavedChanges());
+    if (event->isAccepted()) {
+        Q_EMIT closed();
+    } else if (!m_isAsking) {
+        m_isAsking = true;
+        askAboutChanges();
+    }
+}
+
+void SettingsWindow::askAboutChanges()
+{
+    const Dialogs::Question question{
+        .message = tr("Save the changes?"),
+        .details = tr("The settings you changed are not stored yet."),
+        .buttons = {tr("Save"), tr("Discard"), tr("Cancel")},
+    };
+    m_dialogs.askOver(*this, question, [this](qsizetype button) {
+        m_isAsking = false;
+        if (button == 0) {
+            m_model.saveSettings();
+        } else if (button == 1) {
+            m_model.loadSettings();
+        }
+        if (!m_model.hasUnsavedChanges()) {
+            close();
+        }
+    });
 }
 
 } // namespace flitmark

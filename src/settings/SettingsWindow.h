@@ -13,8 +13,8 @@ class Dialogs;
 class SettingsView;
 struct HelpServices;
 
-/// The settings window: an ordinary window of the desktop. It closes itself; closing it in any way but "Done" drops
-/// what was not stored yet. It is made anew for each opening.
+/// The settings window: an ordinary window of the desktop. It closes itself. Closed in any way but "Done" it drops what
+/// was not stored yet, but asks before it does. It is made anew for each opening.
 class SettingsWindow final : public QWidget
 {
     Q_OBJECT
@@ -35,7 +35,11 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    void askAboutChanges();
+
     SettingsModel m_model;
+    Dialogs& m_dialogs;
+    bool m_isAsking = false;
 };
 
 } // namespace flitmark

@@ -28,6 +28,7 @@ VaultSection::VaultSection(SettingsModel& model, Dialogs& dialogs)
     TextField* subfolder = makeField(tr("Default Save Subfolder"), QStringLiteral("Inbox"));
     add(subfolder, 0);
     Label* destination = addCaption({});
+    addCaption(tr("What you write in the panel has a folder of its own, on the Notes page."), 4);
     finish();
 
     bind(path, &SettingsState::vaultPath);

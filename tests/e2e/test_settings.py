@@ -46,16 +46,26 @@ class SettingsTest(SetUpCase):
         wait_until(lambda: str(int(0.7 * 0xFFFFFFFF))[:4] in panel.property("_NET_WM_WINDOW_OPACITY"),
                    lambda: f"the panel's opacity, which is {panel.property('_NET_WM_WINDOW_OPACITY')}")
 
-    def test_escape_drops_all_but_quick_tags(self):
+    def test_escape_asks_before_it_drops_all_but_quick_tags(self):
         self.start_with_button()
         panel = self.open_panel()
         window = self.open_settings(panel)
-        self.click("Vault", "Default Save Subfolder")
+        self.click("Vault")
+        field = self.program.click("Default Save Subfolder", "text", TITLE)
         self.screen.type("Elsewhere")
+        wait_until(lambda: "Elsewhere" in field.text, "the field to hold what was typed")
         self.click("Quick Tags", "Delete")
         wait_until(lambda: len(self.home.config().get("quick_tags", [])) == 3, "the tag to be gone on disk")
         before = self.home.config()
         self.screen.key("Escape")
+        question = self.screen.window("Save the changes?")
+        self.assertTrue(window.is_on_screen)
+        # It comes also while the panel is open, over which the settings stand.
+        self.assertGreater(self.screen.stacking().index(question), self.screen.stacking().index(window))
+        self.screen.key_until("Escape", lambda: not self.screen.windows("Save the changes?"), "the question to leave")
+        self.assertTrue(window.is_on_screen)
+        self.screen.key("Escape")
+        self.program.click("Discard", window="Save the changes?")
         self.wait_until_closed()
         self.assertEqual(self.home.config(), before)
         self.assertTrue(self.panel_is_open())

@@ -49,6 +49,8 @@ private Q_SLOTS:
         }
         click("Play sound on save");
         type("Default Tags (comma-separated)", "a, \t, b c ,,d\t");
+        type("Folder for Captured Notes", "Captured");
+        QVERIFY(shows("What you write in the panel is saved to: " + m_desktop->folder.path() + "/Captured"));
         named<Slider>(*m_window, "Window Opacity")->setFocus();
         press(Qt::Key_Left);
         click("Appearance");
@@ -82,6 +84,7 @@ private Q_SLOTS:
         QTest::keyClick(named<TextArea>(*m_window, "Coach Prompt"), Qt::Key_Return, Qt::ControlModifier);
         config.vaultPath = m_desktop->folder.path();
         config.saveSubfolder = "Ideas";
+        config.noteTypes["Fleeting"].subfolder = "Captured";
         config.playSoundOnSave = false;
         config.defaultTags = listOf("a,b c,d");
         config.windowOpacity = 0.9;
@@ -117,6 +120,86 @@ private Q_SLOTS:
         QVERIFY(QFile::remove(inTheWay));
         QTest::keyClick(login, Qt::Key_Space);
         QVERIFY(login->isChecked() && shows("Status: Enabled") && !shows("Not a directory"));
+    }
+
+    void updates_areSwitchedOnlyWhereTheyAreOffered()
+    {
+        auto* automatic = named<QCheckBox>(*m_window, "Automatically check for updates");
+        QVERIFY(automatic->isEnabled());
+        m_desktop->updater.current = {.status = Updater::Status::NotOffered,
+                                      .reason = "Updates come with your system's packages."};
+        Q_EMIT m_desktop->updater.stateChanged();
+        QVERIFY(!automatic->isEnabled());
+        QTest::mouseClick(automatic->parentWidget(), Qt::LeftButton);
+        QVERIFY(m_desktop->updater.automatic);
+        QCOMPARE(visibleTexts(*m_window).filter("packages", Qt::CaseInsensitive),
+                 QStringList("On this computer: updates come with your system's packages."));
+    }
+
+    void capturedNotes_goWhereTheFieldSays()
+    {
+        const auto folder = [this] { return m_desktop->config.getSaveDirectory("Fleeting").section('/', -1); };
+        for (const auto& [typed, saved] : {std::pair("Captured", "Captured"), {" ", "Inbox"}, {"../out", "Inbox"}}) {
+            model().set(&SettingsState::captureSubfolder, typed);
+            QCOMPARE(model().captureFolder().section('/', -1), saved);
+            model().saveSettings();
+            QCOMPARE(folder(), saved);
+            QCOMPARE(m_desktop->settings().noteTypes["Fleeting"].subfolder, typed);
+            QCOMPARE(m_desktop->settings().noteTypes["Fleeting"].tags, QStringList("fleeting"));
+        }
+        // Where captures have no note type, they get one with their own folder, and nothing else.
+        m_desktop->config.update([](AppConfig& config) {
+            config.noteTypes.remove("Fleeting");
+            config.saveSubfolder = "Other";
+        });
+        model().loadSettings();
+        model().saveSettings();
+        QCOMPARE(folder(), "Other");
+        model().set(&SettingsState::captureSubfolder, "Captured");
+        model().saveSettings();
+        QCOMPARE(folder(), "Captured");
+        QCOMPARE(m_desktop->settings().noteTypes["Fleeting"], (NoteTypeConfig{"Captured", {}, {}}));
+    }
+
+    void closing_asksWhereSomethingWouldBeLost()
+    {
+        enum Answer { Save, Discard, Cancel };
+        m_window->close();
+        QVERIFY(m_desktop->dialogs.questions.isEmpty());
+        for (const auto& [answer, stored] : {std::pair(Cancel, "Inbox"), {Discard, "Inbox"}, {Save, "Elsewhere"}}) {
+            settle();
+            open();
+            m_desktop->dialogs.button = answer;
+            m_desktop->dialogs.questions.clear();
+            click("Vault");
+            type("Default Save Subfolder", "Elsewhere");
+            press(Qt::Key_Escape); // leaves the field
+            QCOMPARE(spoken(QApplication::focusWidget()), "Vault");
+            QCOMPARE(named<QLineEdit>(*m_window, "Default Save Subfolder")->text(), "Elsewhere");
+            QVERIFY(m_desktop->dialogs.questions.isEmpty());
+            press(Qt::Key_Escape);
+            QCOMPARE(m_desktop->dialogs.questions.size(), 1);
+            QPointer window(m_window);
+            QCoreApplication::processEvents();
+            QCOMPARE(window != nullptr && window->isVisible(), answer == Cancel);
+            QCOMPARE(m_desktop->settings().saveSubfolder, stored);
+            if (answer == Cancel) {
+                m_desktop->dialogs.button = Discard;
+                m_window->close();
+                QCoreApplication::processEvents();
+            }
+        }
+    }
+
+    void help_takesTheKeysOfWhatItCovers()
+    {
+        model().set(&SettingsState::saveSubfolder, "x");
+        click("Help");
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return, Qt::ControlModifier);
+        QVERIFY(m_window->isVisible());
+        press(Qt::Key_Escape);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return, Qt::ControlModifier);
+        QVERIFY(!m_window->isVisible());
     }
 
     void nothingIsCut()
@@ -158,6 +241,13 @@ private Q_SLOTS:
         model().loadSettings();
         QCOMPARE(model().state().dailyReviewTimes, listOf("19:00,21:00,23:00"));
         QVERIFY(m_desktop->settings().dailyReviewTimes.isEmpty());
+        // A number made up by hand is shown as it is.
+        m_desktop->config.update([](AppConfig& config) { config.pomodoroIntervalMinutes = 5'000'000'000; });
+        m_window->close();
+        settle();
+        open();
+        click("Pomodoro");
+        QVERIFY(shows("Check-in Interval: 5000000000 minutes"));
     }
 
     void timers_followTheSwitches()
@@ -181,6 +271,7 @@ private Q_SLOTS:
         click("Quick Tags");
         auto* second = named<QWidget>(*m_window, "#status/pinned");
         QCOMPARE(QAccessible::queryAccessibleInterface(second)->role(), QAccessible::Grouping);
+        QCOMPARE(spoken(second, QAccessible::Description), "📌");
         flitmark::click(*second, "Set as default");
         QVERIFY(stored()[1].isDefault && shows("Default"));
         flitmark::click(*second, "Edit");
@@ -256,7 +347,7 @@ private:
         flitmark::type(field, {});
         field->insert(text);
     }
-    bool shows(const char* text) { return flitmark::shows(*m_window, text); }
+    bool shows(QAnyStringView text) { return flitmark::shows(*m_window, text); }
 
     const QFont m_font = QApplication::font();
     std::unique_ptr<Desktop> m_desktop;
