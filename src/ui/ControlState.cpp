@@ -11,17 +11,19 @@ namespace flitmark {
 
 namespace {
 
-/// Whether the key was a Return for `control`, a push button that is clicked then.
-bool clicksByReturn(QWidget& control, const QKeyEvent& event)
+/// What Return is to a control.
+enum class ReturnKey { Another, Clicks, IsForTheView };
+
+ReturnKey returnKeyOf(QWidget& control, const QKeyEvent& event)
 {
-    auto* button = qobject_cast<QPushButton*>(&control);
-    const bool isReturn = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
-    const bool isToCheck = button != nullptr && button->isCheckable() && button->group() == nullptr;
-    if (button == nullptr || isToCheck || !isReturn || (event.modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier) {
-        return false;
+    auto* button = qobject_cast<QAbstractButton*>(&control);
+    if (button == nullptr || (event.key() != Qt::Key_Return && event.key() != Qt::Key_Enter)) {
+        return ReturnKey::Another;
     }
-    button->click();
-    return true;
+    const bool isAlone = (event.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    const bool isToCheck = button->isCheckable() && button->group() == nullptr;
+    return qobject_cast<QPushButton*>(button) != nullptr && isAlone && !isToCheck ? ReturnKey::Clicks
+                                                                                  : ReturnKey::IsForTheView;
 }
 
 } // namespace
@@ -87,10 +89,7 @@ bool ControlState::eventFilter(QObject* watched, QEvent* event)
             m_isFocusedByKey = true;
             m_control.update();
         }
-        if (clicksByReturn(m_control, *static_cast<QKeyEvent*>(event))) {
-            return true;
-        }
-        break;
+        return handleReturn(*static_cast<QKeyEvent*>(event));
     default:
         break;
     }
@@ -114,6 +113,22 @@ void ControlState::handleFocusIn(Qt::FocusReason reason)
         break;
     }
     m_control.update();
+}
+
+bool ControlState::handleReturn(QKeyEvent& event)
+{
+    switch (returnKeyOf(m_control, event)) {
+    case ReturnKey::Another:
+        return false;
+    case ReturnKey::Clicks:
+        static_cast<QAbstractButton&>(m_control).click();
+        return true;
+    case ReturnKey::IsForTheView:
+        // Some desktops have Qt press every kind of button by it, which would keep it from the view.
+        event.ignore();
+        return true;
+    }
+    return false;
 }
 
 void ControlState::refresh()

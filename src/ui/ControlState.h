@@ -7,13 +7,14 @@
 
 #include <QObject>
 
+class QKeyEvent;
 class QWidget;
 
 namespace flitmark {
 
 /// Watches one control for its state (at rest, under the pointer, pressed, focused by keyboard) and repaints it when
 /// that changes. The control makes one as a member or child and asks it while painting. To a push button Return is what
-/// Space is; together with another key, and from a thing to check, it is left to the view around.
+/// Space is; together with another key, and from a thing to check, it is left to the view around, on every desktop.
 class ControlState final : public QObject
 {
     Q_OBJECT
@@ -40,6 +41,8 @@ public:
 
 private:
     void handleFocusIn(Qt::FocusReason reason);
+    /// Whether the key was a Return, which the control's own handling must not get.
+    bool handleReturn(QKeyEvent& event);
     void refresh();
     double wantedLevel() const;
 

@@ -2,8 +2,6 @@
 # SPDX-License-Identifier: MIT
 """A day with the program by keys alone: no pointer, no action of an input aid. The controls are only looked at."""
 
-import unittest
-
 from desktop.accessibility import Gone
 from desktop.day import DayCase
 from desktop.waiting import PATIENCE, wait_until
@@ -124,5 +122,7 @@ class KeyboardDayTest(DayCase):
         wait_until(lambda: not self.screen.windows("Pomodoro Check-in"), "the check-in to close")
 
 
-if __name__ == "__main__":
-    unittest.main()
+class GnomeKeyboardDayTest(KeyboardDayTest):
+    """Where the desktop's habits have Qt press any button by Return."""
+
+    VARIABLES = {"XDG_CURRENT_DESKTOP": "GNOME"}

@@ -48,10 +48,13 @@ def _leaving_evidence(step):
 
 
 class DesktopCase(unittest.TestCase):
-    """`start` runs the program for the user `home` on `desktop`; everything is ended after the test."""
+    """`start` runs the program for the user `home` on `desktop`, with `VARIABLES` in its environment; everything
+    is ended after the test."""
 
     SIZE = (1440, 900)
     COMPOSITOR = False
+    WINDOW_MANAGER = "openbox"
+    VARIABLES = {}
 
     def __init_subclass__(cls, **options):
         super().__init_subclass__(**options)
@@ -65,14 +68,14 @@ class DesktopCase(unittest.TestCase):
         self.program = self.screen = None
         self.artifacts = ARTIFACTS / self.id()
         shutil.rmtree(self.artifacts, ignore_errors=True)
-        self.desktop = Desktop(size=self.SIZE, compositor=self.COMPOSITOR).start()
+        self.desktop = Desktop(self.SIZE, self.COMPOSITOR, self.WINDOW_MANAGER).start()
         self.addCleanup(self.desktop.stop)
         self.screen = self.desktop.screen
         self.home = Home(self.desktop.folder / "user")
 
     def start(self, clock=None, **variables):
         """Starts the program; it must still run when the test ends, unless the test ended it."""
-        program = Program(self.desktop, self.home, self.desktop.folder / "output.txt", clock, variables)
+        program = Program(self.desktop, self.home, self.desktop.folder / "output.txt", clock, self.VARIABLES | variables)
         self.addCleanup(program.stop)
         self.program = program
         return program

@@ -2,6 +2,7 @@
 # SPDX-License-Identifier: MIT
 """A desktop of a test's own: X server, window manager, session bus and accessibility bus, invisible and private."""
 
+import json
 import os
 import re
 import shutil
@@ -28,6 +29,7 @@ _BUS_CONFIGURATION = """<busconfig>
   </policy>
 </busconfig>
 """
+_WRITING_MANAGER = Path(__file__).with_name("writing_manager.py")
 _ACCESSIBILITY_SERVICE = Path("/usr/share/dbus-1/services/org.a11y.Bus.service")
 
 # What a program of the surrounding desktop must not pass on to this one.
@@ -38,8 +40,9 @@ _NOT_INHERITED = ("DBUS_", "DISPLAY", "WAYLAND_", "XDG_", "XAUTHORITY", "SESSION
 class Desktop:
     """The desktop, running from `start` until `stop`. `environment` is what programs on it are to be started with."""
 
-    def __init__(self, size=(1440, 900), compositor=False):
+    def __init__(self, size=(1440, 900), compositor=False, window_manager="openbox"):
         self._size = size
+        self._window_manager = window_manager
         self._compositor = compositor
         self._children = []
         self._accessibility = None
@@ -96,10 +99,18 @@ class Desktop:
         return ":" + _first_line(child, "Xvfb")
 
     def _start_window_manager(self):
-        # Long before it is ready it says that it is there; a window that comes in between may never be shown.
         ready = self.folder / "window-manager-is-ready"
-        self._start("openbox", "--sm-disable", "--startup", f"touch {ready}")
+        if self._window_manager == "openbox":
+            # Long before it is ready it says that it is there; a window that comes in between may never be shown.
+            self._start("openbox", "--sm-disable", "--startup", f"touch {ready}")
+        else:
+            self._start("/usr/bin/python3", str(_WRITING_MANAGER), str(ready))
         wait_until(ready.exists, "the window manager to be ready")
+
+    def told(self, title):
+        """What the window manager that writes has been told of the window with this title, from its first showing on."""
+        lines = (self.folder / "window-manager-is-ready").read_text().splitlines()
+        return [told for told in map(json.loads, lines) if told["title"] == title]
 
     def _start_bus(self):
         services = self.folder / "services"
