@@ -27,6 +27,7 @@
 #include <ui/ThemeScope.h>
 
 #include <QGuiApplication>
+#include <QScreen>
 #include <QWindow>
 
 namespace flitmark {
@@ -84,12 +85,7 @@ void AppDelegate::setupTriggerButton()
 
     repositionTriggerButton();
     m_triggerWindow->orderFront();
-    connect(m_triggerWindow.get(), &TriggerButtonWindow::moved, this, [this] {
-        m_triggerButtonCustomOrigin = m_services.screens.flipped(m_triggerWindow->geometry()).topLeft();
-        if (m_panelWindow) {
-            m_panelWindow->keepFreeFor(m_triggerWindow->geometry());
-        }
-    });
+    connect(m_triggerWindow.get(), &TriggerButtonWindow::moved, this, &AppDelegate::followTriggerWindow);
 }
 
 void AppDelegate::connectTriggerView()
@@ -137,6 +133,12 @@ void AppDelegate::setupNotePanel()
         std::make_unique<PanelWindow>(m_services.windowManager, m_services.configManager,
                                       NotePanelModels{*m_panelModel, *m_browseModel, *m_dailyModel}, demoMode);
     m_panelWindow->keepFreeFor(m_triggerWindow->geometry());
+    // Some desktops lay whatever gets the keyboard on top of all.
+    connect(qGuiApp, &QGuiApplication::focusWindowChanged, m_panelWindow.get(), [this](const QWindow* window) {
+        if (window != nullptr && window == m_panelWindow->windowHandle()) {
+            m_triggerWindow->raise();
+        }
+    });
     connect(m_panelWindow.get(), &FloatingWindow::closeAsked, this, &AppDelegate::hidePanel);
     connect(&m_panelWindow->view(), &NotePanelView::closeAsked, this, &AppDelegate::hidePanel);
     connect(&m_panelWindow->view(), &NotePanelView::settingsAsked, this, &AppDelegate::showSettingsWindow);
@@ -216,7 +218,7 @@ void AppDelegate::showPanel()
     }
     m_services.dialogs.setQuestionsAside(true);
     m_panelWindow->makeKeyAndOrderFront(panelPlace());
-    // Both float; where they meet the button stays above the panel, also after a click into the panel.
+    // Both float; where they meet the button stays above the panel.
     m_services.windowManager.keepAbove(*m_triggerWindow->windowHandle(), *m_panelWindow->windowHandle());
     setPanelVisible(true);
     m_services.runLoop.after(100ms, this, [this] { Q_EMIT m_services.notificationCenter.panelOpened(); });
@@ -274,6 +276,23 @@ void AppDelegate::setTriggerWindowOrigin(const QPointF& origin)
     }
     m_triggerButtonCustomOrigin = clampedTriggerOrigin(origin, m_triggerWindow->size(), *screen);
     moveTriggerWindow(*m_triggerButtonCustomOrigin);
+}
+
+void AppDelegate::followTriggerWindow()
+{
+    m_triggerButtonCustomOrigin = m_services.screens.flipped(m_triggerWindow->geometry()).topLeft();
+    if (m_panelWindow) {
+        m_panelWindow->keepFreeFor(m_triggerWindow->geometry());
+    }
+    if (triggerFrameOnScreen() != m_triggerWindow->geometry()) {
+        // While the window manager moves the window, it would not listen.
+        m_services.runLoop.after(200ms, this, [this] { m_triggerWindow->setGeometry(triggerFrameOnScreen()); });
+    }
+}
+
+QRect AppDelegate::triggerFrameOnScreen() const
+{
+    return constrainedFrame(m_triggerWindow->geometry(), m_triggerWindow->screen()->geometry());
 }
 
 void AppDelegate::moveTriggerWindow(const QPointF& origin)

@@ -111,6 +111,9 @@ private:
     /// it.
     void setTriggerWindowOrigin(const QPointF& origin);
     void moveTriggerWindow(const QPointF& origin);
+    /// The trigger button is elsewhere, whoever moved it: remembers the place, and pulls it back onto its screen.
+    void followTriggerWindow();
+    QRect triggerFrameOnScreen() const;
     void setPanelVisible(bool isVisible);
 
     AppServices m_services;

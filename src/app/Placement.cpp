@@ -47,4 +47,12 @@ QPointF defaultTriggerOrigin(const QSizeF& size, const ScreenFrames& screen)
     return {screen.visible.x() + screen.visible.width() - size.width() - screenMargin, screen.full.y() + screenMargin};
 }
 
+QRect constrainedFrame(const QRect& frame, const QRect& screen)
+{
+    const QPoint end(screen.left() + screen.width() - frame.width(), screen.top() + screen.height() - frame.height());
+    const QPoint origin(std::min(std::max(frame.left(), screen.left()), end.x()),
+                        std::min(std::max(frame.top(), screen.top()), end.y()));
+    return {origin, frame.size()};
+}
+
 } // namespace flitmark

@@ -6,6 +6,7 @@
 #include <platform/Screens.h>
 
 #include <QPointF>
+#include <QRect>
 #include <QRectF>
 #include <QSizeF>
 
@@ -27,5 +28,8 @@ QPointF clampedTriggerOrigin(const QPointF& origin, const QSizeF& size, const Sc
 
 /// Where a trigger button that the user has not moved lies: the bottom right corner.
 QPointF defaultTriggerOrigin(const QSizeF& size, const ScreenFrames& screen);
+
+/// `frame` moved, not resized, to lie inside `screen`, both in any coordinates. What is larger ends at its far edges.
+QRect constrainedFrame(const QRect& frame, const QRect& screen);
 
 } // namespace flitmark

@@ -28,11 +28,12 @@ public:
     virtual bool isCompositing() const = 0;
 
     /// Puts `window` on all workspaces, keeps it out of task bar and pager, and has it float where desktops arrange
-    /// windows in tiles. The desktop forgets this with every hiding, so it is asked for again before each showing.
+    /// windows in tiles. One that does not accept the focus is left out when windows are cycled through. The desktop
+    /// forgets this with every hiding, so it is asked for again before each showing.
     virtual void makeCompanion(QWindow& window) = 0;
 
-    /// Keeps `upper` above `lower` for as long as both are on screen; to be called after each showing of `lower`. Both
-    /// are top-level windows, and each may be hidden without the other.
+    /// Raises `upper`, and keeps it above `lower` for as long as both are on screen; to be called after each showing of
+    /// `lower`. Both are top-level windows, and each may be hidden without the other.
     virtual void keepAbove(QWindow& upper, QWindow& lower) = 0;
 
     /// Lets the pointer reach `window` only inside `area` (points, from the window's top left corner); what lies

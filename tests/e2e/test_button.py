@@ -94,6 +94,14 @@ class ButtonTest(SetUpCase):
         self.wait_for_place(RIGHT, LOWER)
 
 
+    def test_comes_back_from_wherever_a_window_manager_puts_it(self):
+        self.start_with_button()
+        self.wait_for_place(RIGHT, LOWER)
+        for (x, y), place in [((1410, 300), (1440 - SIDE, 300)), ((-30, 880), (0, 900 - SIDE)), ((200, -20), (200, 0))]:
+            self.screen.run("wmctrl", "-i", "-r", hex(self.button().number), "-e", f"0,{x},{y},-1,-1")
+            self.wait_for_place(*place)
+
+
 class SmallScreenButtonTest(SetUpCase):
     SIZE = (1024, 600)
     COMPOSITOR = True

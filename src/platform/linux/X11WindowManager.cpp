@@ -11,6 +11,7 @@
 #include <xcb/shape.h>
 #include <xcb/xcb.h>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <memory>
@@ -53,12 +54,13 @@ public:
         constexpr uint32_t allDesktops = 0xFFFFFFFF;
         xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, id, atom(WmDesktop), XCB_ATOM_CARDINAL, 32, 1,
                             &allDesktops);
-        const xcb_atom_t type = atom(TypeDialog);
-        xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, id, atom(WindowType), XCB_ATOM_ATOM, 32, 1, &type);
-        // Qt adds its own states to these when it shows the window.
-        const std::array<xcb_atom_t, 2> states{atom(SkipTaskbar), atom(SkipPager)};
-        xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, id, atom(WmState), XCB_ATOM_ATOM, 32, states.size(),
-                            states.data());
+        // Some keep every dialog in the task bar; those that arrange tiles look for one anywhere among the types.
+        replaceAtoms(id, WindowType, std::array{atom(TypeNormal), atom(TypeDialog)});
+        // Qt adds its own states to these when it shows the window. Sticky is for those that misread the desktop.
+        replaceAtoms(id, WmState, std::array{atom(SkipTaskbar), atom(SkipPager), atom(Sticky)});
+        if (window.flags().testFlag(Qt::WindowDoesNotAcceptFocus)) {
+            refuseFocus(id);
+        }
         if (window.isVisible()) {
             send(id, WmDesktop, {allDesktops, applicationSource});
             send(id, WmState, {addState, atom(SkipTaskbar), atom(SkipPager), applicationSource});
@@ -68,12 +70,24 @@ public:
 
     void keepAbove(QWindow& upper, QWindow& lower) override
     {
-        // Set anew each time, because window managers look for the other window when they hear of a change. Qt's own
-        // transient parents would not do: it tells of them when it shows the upper window, which is there already.
-        const auto id = static_cast<xcb_window_t>(lower.winId());
-        xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, static_cast<xcb_window_t>(upper.winId()),
-                            XCB_ATOM_WM_TRANSIENT_FOR, XCB_ATOM_WINDOW, 32, 1, &id);
+        // Qt's own transient parents would not do: it tells of them when it shows the upper window, which is there
+        // already.
+        const auto upperId = static_cast<xcb_window_t>(upper.winId());
+        const auto lowerId = static_cast<xcb_window_t>(lower.winId());
+        xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, upperId, XCB_ATOM_WM_TRANSIENT_FOR, XCB_ATOM_WINDOW,
+                            32, 1, &lowerId);
+        // The lower one may have been laid above it by then, and not every window manager puts that right.
+        upper.raise();
         xcb_flush(m_connection);
+        // Written again with the same window it would be no news to most, which forgot it with the hiding.
+        QObject::disconnect(&lower, &QWindow::visibleChanged, &upper, nullptr);
+        QObject::connect(
+            &lower, &QWindow::visibleChanged, &upper,
+            [this, upperId] {
+                xcb_delete_property(m_connection, upperId, XCB_ATOM_WM_TRANSIENT_FOR);
+                xcb_flush(m_connection);
+            },
+            Qt::SingleShotConnection);
     }
 
     void setInputArea(QWindow& window, const QRect& area) override
@@ -139,20 +153,28 @@ private:
         SkipPager,
         ActiveWindow,
         WindowType,
+        TypeNormal,
         TypeDialog,
+        Sticky,
+        Protocols,
+        TakeFocus,
         StartupId,
         StartupInfoBegin,
         StartupInfo,
         Utf8String
     };
-    static constexpr std::array<std::string_view, 12> atomNames{"_NET_WM_CM_S0",
+    static constexpr std::array<std::string_view, 16> atomNames{"_NET_WM_CM_S0",
                                                                 "_NET_WM_DESKTOP",
                                                                 "_NET_WM_STATE",
                                                                 "_NET_WM_STATE_SKIP_TASKBAR",
                                                                 "_NET_WM_STATE_SKIP_PAGER",
                                                                 "_NET_ACTIVE_WINDOW",
                                                                 "_NET_WM_WINDOW_TYPE",
+                                                                "_NET_WM_WINDOW_TYPE_NORMAL",
                                                                 "_NET_WM_WINDOW_TYPE_DIALOG",
+                                                                "_NET_WM_STATE_STICKY",
+                                                                "WM_PROTOCOLS",
+                                                                "WM_TAKE_FOCUS",
                                                                 "_NET_STARTUP_ID",
                                                                 "_NET_STARTUP_INFO_BEGIN",
                                                                 "_NET_STARTUP_INFO",
@@ -161,6 +183,29 @@ private:
     static constexpr uint32_t addState = 1;
 
     xcb_atom_t atom(Atom name) const { return m_atoms.at(name); }
+
+    template<size_t count>
+    void replaceAtoms(xcb_window_t window, Atom property, const std::array<xcb_atom_t, count>& atoms)
+    {
+        xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, window, atom(property), XCB_ATOM_ATOM, 32, count,
+                            atoms.data());
+    }
+
+    /// Takes back Qt's promise that the window takes the focus when it is asked to.
+    void refuseFocus(xcb_window_t window)
+    {
+        constexpr uint32_t most = 32;
+        const auto cookie = xcb_get_property(m_connection, 0, window, atom(Protocols), XCB_ATOM_ATOM, 0, most);
+        const XcbReply<xcb_get_property_reply_t> reply(xcb_get_property_reply(m_connection, cookie, nullptr));
+        if (!reply) {
+            return;
+        }
+        auto* first = static_cast<xcb_atom_t*>(xcb_get_property_value(reply.get()));
+        auto* end = first + xcb_get_property_value_length(reply.get()) / static_cast<int>(sizeof(xcb_atom_t));
+        end = std::remove(first, end, atom(TakeFocus));
+        xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, window, atom(Protocols), XCB_ATOM_ATOM, 32,
+                            static_cast<uint32_t>(end - first), first);
+    }
 
     void send(xcb_window_t window, Atom message, const std::array<uint32_t, 5>& data)
     {
