@@ -8,8 +8,11 @@
 #include <platform/SharedServices.h>
 #include <platform/linux/ApplicationBus.h>
 #include <platform/linux/EndSignals.h>
+#include <platform/linux/PortalColorScheme.h>
 #include <platform/linux/RunningCopy.h>
+#include <ui/Theme.h>
 
+#include <QPalette>
 #include <QSessionManager>
 
 namespace flitmark {
@@ -20,6 +23,18 @@ using namespace std::chrono_literals;
 
 /// By then the button is on screen.
 constexpr RunLoop::Duration busDelay = 50ms;
+
+/// Gives every window the colours to derive its own from. Where the toolkit knows the desktop's, those stay.
+void wearScheme(PortalColorScheme::Wish wish)
+{
+    QGuiApplication::setPalette(QPalette());
+    const Scheme known = desktopScheme();
+    if (wish == PortalColorScheme::Wish::Dark && known == Scheme::Light) {
+        QGuiApplication::setPalette(QPalette(QColor(0x32, 0x32, 0x34), QColor(0x20, 0x20, 0x22)));
+    } else if (wish == PortalColorScheme::Wish::Light && known == Scheme::Dark) {
+        QGuiApplication::setPalette(QPalette(QColor(0xef, 0xef, 0xef), QColor(0xf6, 0xf6, 0xf6)));
+    }
+}
 
 } // namespace
 
@@ -94,10 +109,18 @@ void FlitmarkApp::joinBus()
     bus->start();
 }
 
+void FlitmarkApp::followScheme()
+{
+    auto* scheme = new PortalColorScheme(m_application.get());
+    connect(scheme, &PortalColorScheme::told, m_application.get(), wearScheme);
+    RunLoop::shared().after(busDelay, scheme, [scheme] { scheme->start(); });
+}
+
 int FlitmarkApp::run()
 {
     m_appDelegate->applicationDidFinishLaunching();
     followRequests();
+    followScheme();
     return QApplication::exec();
 }
 

@@ -37,6 +37,7 @@ private:
     void followSession();
     void followRequests();
     void joinBus();
+    void followScheme();
 
     RunningCopy& m_runningCopy;
     std::unique_ptr<Application> m_application;

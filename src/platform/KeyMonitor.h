@@ -24,6 +24,7 @@ public:
         Working,
         Waiting,    ///< for the desktop or the user to consent
         Refused,    ///< `reason` says by whom and why
+        Failed,     ///< nobody refused, yet there is no hotkey; `reason` says why
         NotOffered, ///< this desktop lets no program watch keys
     };
     struct State

@@ -38,11 +38,14 @@ QString hotkey(const KeyMonitor::State& state)
 {
     switch (state.status) {
     case KeyMonitor::Status::Working:
-        return sentences({Texts::tr("the hotkey works. Option is the Alt key."), state.reason});
+        return sentences(
+            {Texts::tr("the hotkey works, and no permission has to be granted. Option is the Alt key."), state.reason});
     case KeyMonitor::Status::Waiting:
         return sentences({Texts::tr("the hotkey waits for your desktop's consent."), state.reason});
     case KeyMonitor::Status::Refused:
         return sentences({Texts::tr("the desktop refused the hotkey."), state.reason, bindingCommand()});
+    case KeyMonitor::Status::Failed:
+        return sentences({Texts::tr("the hotkey could not be set up."), state.reason, bindingCommand()});
     case KeyMonitor::Status::NotOffered:
         break;
     }
@@ -63,7 +66,7 @@ QString systems()
 QString keys()
 {
     return line(Texts::tr("⌘ is the Ctrl key, ⌥ and Option are the Alt key. Ctrl+Return saves a note, F10 opens the "
-                          "button's menu from the panel. No permission has to be granted."));
+                          "button's menu from the panel."));
 }
 
 QString configFile(const Directories& directories)

@@ -10,6 +10,9 @@ COMMAND = "gapplication action org.flitmark.Flitmark toggle-panel"
 
 
 class PortalTest(DesktopCase):
+    # Where the desktop's habits have Qt press any button by Return, which the wizard's steps must not lose.
+    VARIABLES = {"XDG_CURRENT_DESKTOP": "GNOME"}
+
     def setUp(self):
         super().setUp()
         self.home.make_vault()
@@ -65,10 +68,24 @@ class PortalTest(DesktopCase):
         portal.emit("Activated")
         self.wait_for_focus("Note")
 
+    def test_a_portal_that_takes_the_key_with_the_session(self):
+        """It shows its settings to who binds, and gives the key to one name only, by which the program always goes."""
+        self.home.complete_setup()
+        portal = self.start_portal(plasma=True)
+        for starts in (1, 2):
+            self.start_on_wayland()
+            wait_until(lambda: portal.calls().count(" CreateSession ") == starts, portal.calls)
+            self.screen.window("Flitmark Button")
+            portal.emit("Activated", "Deactivated")
+            self.wait_for_focus("Note")
+            self.program.stop()
+        self.assertNotIn("BindShortcuts", portal.calls())
+
     def test_tells_how_it_stands(self):
         for parameters, parts in [
             ({"answer": 1}, ["the desktop refused the hotkey", "declined", COMMAND]),
-            ({"answer": 2}, ["the desktop refused the hotkey", "without an answer", COMMAND]),
+            ({"answer": 2}, ["could not be set up", "without an answer", COMMAND]),
+            ({"plasma": True, "trigger": ""}, ["waits", "Choose a key"]),
             ({"trigger": "Ctrl+Alt+J"}, ["the hotkey works", "Ctrl+Alt+J"]),
             ({"trigger": ""}, ["waits", "Choose a key"]),
             (None, ["offers no hotkeys", COMMAND]),
@@ -81,6 +98,20 @@ class PortalTest(DesktopCase):
                 self.program.stop()
                 if portal is not None:
                     portal.stop()
+
+    def test_wears_the_colours_the_desktop_asks_for(self):
+        portal = self.start_portal(scheme=1)
+        self.start_on_wayland()
+        wizard = self.screen.window("Flitmark Setup")
+        picture = self.desktop.folder / "wizard.png"
+
+        def brightness():
+            self.screen.picture(picture, wizard.geometry)
+            return float(self.screen.run("convert", picture, "-gravity", "NorthWest", "-crop", "9x9+0+0", "-format",
+                                         "%[fx:mean]", "info:") or 0.5)
+        wait_until(lambda: brightness() < 0.2, lambda: f"a dark window; its brightness is {brightness()}")
+        portal.change_scheme(2)
+        wait_until(lambda: brightness() > 0.8, lambda: f"a light window; its brightness is {brightness()}")
 
     def test_consent_that_comes_late(self):
         portal = self.start_portal(answer=-1, trigger="Press <Alt>n")

@@ -3,6 +3,7 @@
 
 #include <platform/AutostartEntry.h>
 #include <platform/LoginItemManager.h>
+#include <platform/linux/ApplicationScope.h>
 #include <platform/linux/AutostartLoginService.h>
 #include <platform/linux/RunningCopy.h>
 #include <support/TestFiles.h>
@@ -82,6 +83,16 @@ private Q_SLOTS:
         QVERIFY(manager.setEnabled(true) && !manager.lastError());
     }
 
+    void unit_isOursHoweverTheDesktopStartedIt()
+    {
+        for (const auto& [unit, isOurs] : {std::pair("app-org.flitmark.Flitmark@autostart.service", true),
+                                           {"app-gnome-org.flitmark.Flitmark-123.scope", true},
+                                           {"dbus-:1.2-org.flitmark.Flitmark@0.service", false},
+                                           {"vte-spawn-1.scope", false}}) {
+            const QByteArray groups = QByteArray("12:pids:/\n0::/user.slice/app.slice/") + unit + "\n";
+            QCOMPARE(ApplicationScope::isOfApplication(groups), isOurs);
+        }
+    }
     void laterStarts_tellTheFirstOne()
     {
         const QTemporaryDir folder;

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Flitmark authors
 // SPDX-License-Identifier: MIT
 
+#include <platform/linux/ApplicationScope.h>
 #include <platform/linux/PortalKeyMonitor.h>
 
 #include <QDBusArgument>
@@ -20,8 +21,9 @@ namespace {
 
 constexpr QLatin1String connectionName("flitmark-hotkey");
 constexpr QLatin1String applicationId("org.flitmark.Flitmark");
-/// Desktops keep the user's key by this name: it never changes.
+/// Desktops keep the user's key by these names: they never change.
 constexpr QLatin1String shortcutId("toggle-panel");
+constexpr QLatin1String sessionToken("flitmark");
 
 struct PortalShortcut
 {
@@ -43,6 +45,25 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, PortalShortcut& s
     argument >> shortcut.id >> shortcut.properties;
     argument.endStructure();
     return argument;
+}
+
+QVariant shortcutsToBind()
+{
+    const PortalShortcut shortcut{
+        .id = shortcutId,
+        .properties = {{QStringLiteral("description"), PortalKeyMonitor::tr("Toggle note panel")},
+                       {QStringLiteral("preferred_trigger"), QStringLiteral("ALT+n")}},
+    };
+    return QVariant::fromValue(QList<PortalShortcut>{shortcut});
+}
+
+/// Our own among the shortcuts of an answer.
+std::optional<PortalShortcut> ownShortcut(const QVariant& shortcuts)
+{
+    const auto bound = qdbus_cast<QList<PortalShortcut>>(shortcuts);
+    const auto own = std::find_if(bound.begin(), bound.end(),
+                                  [](const PortalShortcut& shortcut) { return shortcut.id == shortcutId; });
+    return own == bound.end() ? std::nullopt : std::optional(*own);
 }
 
 /// True for the key that was asked for, in the words of any desktop: "Alt+N", "Press <Alt>n".
@@ -92,7 +113,10 @@ void PortalKeyMonitor::openBus()
     listen("Activated", SLOT(activated(QDBusMessage)));
     listen("Deactivated", SLOT(deactivated(QDBusMessage)));
     listen("ShortcutsChanged", SLOT(shortcutsChanged(QDBusMessage)));
-    bind();
+    // Portals look at a program once, when they hear of it first.
+    m_isBinding = true;
+    auto* scope = new ApplicationScope(*m_bus, m_runLoop, this);
+    scope->enter([this] { bind(); });
 }
 
 void PortalKeyMonitor::changeOwner(const QString& before, const QString& now)
@@ -137,30 +161,35 @@ void PortalKeyMonitor::bind()
 
 void PortalKeyMonitor::createSession()
 {
-    ask(QStringLiteral("CreateSession"), {}, {{QStringLiteral("session_handle_token"), portal::makeToken()}},
-        [this](const QVariantMap& results) {
-            // A text by the portal's description, though it names an object.
-            const QVariant handle = results.value(QStringLiteral("session_handle"));
-            m_session = handle.canConvert<QDBusObjectPath>() && handle.metaType() != QMetaType(QMetaType::QString)
-                            ? handle.value<QDBusObjectPath>().path()
-                            : handle.toString();
-            m_bus->connect(portal::service, m_session, QStringLiteral("org.freedesktop.portal.Session"),
-                           QStringLiteral("Closed"), this, SLOT(sessionClosed()));
+    const QVariantMap options{{QStringLiteral("session_handle_token"), QString(sessionToken)},
+                              {QStringLiteral("shortcuts"), shortcutsToBind()}};
+    ask(QStringLiteral("CreateSession"), {}, options, [this](const QVariantMap& results) {
+        followSession(results.value(QStringLiteral("session_handle")));
+        const QVariant shortcuts = results.value(QStringLiteral("shortcuts"));
+        if (ownShortcut(shortcuts)) {
+            m_isBinding = false;
+            readShortcuts(shortcuts);
+        } else {
             bindShortcuts();
-        });
+        }
+    });
+}
+
+void PortalKeyMonitor::followSession(const QVariant& handle)
+{
+    // A text by the portal's description, though it names an object.
+    m_session = handle.canConvert<QDBusObjectPath>() && handle.metaType() != QMetaType(QMetaType::QString)
+                    ? handle.value<QDBusObjectPath>().path()
+                    : handle.toString();
+    m_bus->connect(portal::service, m_session, QStringLiteral("org.freedesktop.portal.Session"),
+                   QStringLiteral("Closed"), this, SLOT(sessionClosed()));
 }
 
 void PortalKeyMonitor::bindShortcuts()
 {
-    const PortalShortcut shortcut{
-        .id = shortcutId,
-        .properties = {{QStringLiteral("description"), tr("Toggle note panel")},
-                       {QStringLiteral("preferred_trigger"), QStringLiteral("ALT+n")}},
-    };
     ask(QStringLiteral("BindShortcuts"),
-        {QVariant::fromValue(QDBusObjectPath(m_session)), QVariant::fromValue(QList<PortalShortcut>{shortcut}),
-         QString()},
-        {}, [this](const QVariantMap& results) {
+        {QVariant::fromValue(QDBusObjectPath(m_session)), shortcutsToBind(), QString()}, {},
+        [this](const QVariantMap& results) {
             m_isBinding = false;
             readShortcuts(results.value(QStringLiteral("shortcuts")));
         });
@@ -183,11 +212,9 @@ void PortalKeyMonitor::ask(const QString& method, const QVariantList& arguments,
 
 void PortalKeyMonitor::readShortcuts(const QVariant& shortcuts)
 {
-    const auto bound = qdbus_cast<QList<PortalShortcut>>(shortcuts);
-    const auto own = std::find_if(bound.begin(), bound.end(),
-                                  [](const PortalShortcut& shortcut) { return shortcut.id == shortcutId; });
-    if (own == bound.end()) {
-        setState({.status = Status::Refused, .reason = tr("It left the key out.")});
+    const std::optional<PortalShortcut> own = ownShortcut(shortcuts);
+    if (!own) {
+        setState({.status = Status::Failed, .reason = tr("The desktop left the key out.")});
         return;
     }
     const QString trigger = own->properties.value(QStringLiteral("trigger_description")).toString();
@@ -243,7 +270,7 @@ void PortalKeyMonitor::sessionClosed()
 {
     m_session.clear();
     m_isBinding = false;
-    setState({.status = Status::Refused, .reason = tr("It has ended the session.")});
+    setState({.status = Status::Failed, .reason = tr("The desktop has ended the session.")});
 }
 
 void PortalKeyMonitor::setState(const State& state)

@@ -13,8 +13,9 @@
 namespace flitmark {
 
 /// The hotkey of a Wayland desktop, where only the desktop sees all keys: a shortcut of the GlobalShortcuts portal. It
-/// is bound at every start and whenever the portal starts anew; the desktop remembers what the user decided. Typing is
-/// never held back here.
+/// is bound at every start and whenever the portal starts anew; the desktop remembers what the user decided. Some
+/// portals take it with the session and show their settings to who binds it again, some know nothing but the binding:
+/// the answer to the first decides whether the second is asked for. Typing is never held back here.
 class PortalKeyMonitor final : public KeyMonitor
 {
     Q_OBJECT
@@ -39,6 +40,8 @@ private:
     void changeOwner(const QString& before, const QString& now);
     void bind();
     void createSession();
+    /// Takes the session's path out of the answer and listens to it.
+    void followSession(const QVariant& handle);
     void bindShortcuts();
     void ask(const QString& method, const QVariantList& arguments, const QVariantMap& options,
              std::function<void(const QVariantMap&)> granted);

@@ -14,7 +14,9 @@ namespace flitmark {
 
 namespace {
 
-/// No portal at all, or one that knows no shortcuts, is the desktop's nature and not a refusal.
+using Status = KeyMonitor::Status;
+
+/// No portal at all, or one that knows no shortcuts, is the desktop's nature; other errors are no refusal either.
 KeyMonitor::State stateOf(const QDBusError& error)
 {
     switch (error.type()) {
@@ -31,7 +33,10 @@ KeyMonitor::State stateOf(const QDBusError& error)
     if (error.name().startsWith(QLatin1String("org.freedesktop.DBus.Error.Spawn."))) {
         return {};
     }
-    return {.status = KeyMonitor::Status::Refused, .reason = PortalRequest::tr("It said: %1").arg(error.message())};
+    const bool isRefusal =
+        error.type() == QDBusError::AccessDenied || error.name().endsWith(QLatin1String(".NotAllowed"));
+    return {.status = isRefusal ? Status::Refused : Status::Failed,
+            .reason = PortalRequest::tr("The desktop said: %1").arg(error.message())};
 }
 
 } // namespace
@@ -88,9 +93,12 @@ void PortalRequest::respond(uint code, const QVariantMap& results)
         give(results);
         return;
     }
-    const QString reason = code == declined ? tr("It was declined when the desktop asked.")
-                                            : tr("The desktop's question ended without an answer.");
-    give(tl::unexpected(KeyMonitor::State{.status = KeyMonitor::Status::Refused, .reason = reason}));
+    const KeyMonitor::State state =
+        code == declined
+            ? KeyMonitor::State{.status = Status::Refused, .reason = tr("It was declined when the desktop asked.")}
+            : KeyMonitor::State{.status = Status::Failed,
+                                .reason = tr("The desktop's question ended without an answer.")};
+    give(tl::unexpected(state));
 }
 
 void PortalRequest::give(const Answer& answer)

@@ -43,5 +43,9 @@ class Portal:
         """Gives the user's answer to a question that was left open: yes."""
         self._call("org.freedesktop.DBus.Mock.Consent")
 
+    def change_scheme(self, scheme):
+        """Tells that the user has chosen other colours: 1 is dark, 2 light."""
+        self._call("org.freedesktop.DBus.Mock.ChangeScheme", f"uint32:{scheme}")
+
     def stop(self):
         processes.stop(self._process)
