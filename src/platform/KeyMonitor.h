@@ -49,7 +49,7 @@ public:
     virtual State state() const = 0;
     /// Answers `hotkeyPressed`: what is typed after the hotkey goes to `window`, also what was typed before that window
     /// has the keyboard; for none it goes on as ever. Where the desktop can hold typing back, it does so until then,
-    /// but not for longer than 300 ms.
+    /// but not for longer than a second.
     virtual void giveTypingTo(WindowId window) = 0;
 
 Q_SIGNALS:

@@ -38,7 +38,7 @@ public:
         std::function<void(const KeyMonitor::State&)> stateChanged;
     };
 
-    static constexpr int longestHold = 300; // milliseconds
+    static constexpr int longestHold = 1000; // milliseconds
 
     X11HotkeyWatch(OwnWindows ownWindows, Handlers handlers);
     ~X11HotkeyWatch();
