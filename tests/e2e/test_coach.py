@@ -15,7 +15,7 @@ class CoachTest(SetUpCase):
     def test_example_coach_asks_and_hears_the_answer(self):
         self.home.write_daily_note("## Today's Focus\nOld\n")
         self.start_bystander()
-        self.start_with_button(clock="@2026-01-22 14:00:00")
+        self.start_with_button()
         said = self.desktop.folder / "coach.txt"
         with said.open("wb") as output:
             coach = processes.start([str(COACH), str(self.home.signals), "0.1"], self.desktop.environment, stdout=output)

@@ -35,7 +35,7 @@ class DailyTest(SetUpCase):
         self.program.find("Write the page", "check box", "Flitmark")
 
     def test_edits_of_both_sides_are_kept(self):
-        self.start_with_button(clock="@2026-01-22 14:00:00")
+        self.start_with_button()
         self.open_daily_tab()
         # In place, at the end, and by replacing the file: what an editor and a sync program do.
         self.note.write_text(NOTE.replace("## Tasks\n", "## Tasks\n- [ ] From outside\n"))
@@ -110,7 +110,7 @@ class DailyTest(SetUpCase):
 
     def test_coach_alerts_are_answered(self):
         self.home.write_coach_config("{ nonsense")
-        self.start_with_button(clock="@2026-01-22 14:00:00")
+        self.start_with_button()
         self.program.wait_for_output("SignalManager: Failed to load config: ")
         self.assertEqual((self.home.signals / "coach-config.json").read_text(), "{ nonsense")
         self.open_daily_tab()

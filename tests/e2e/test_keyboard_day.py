@@ -61,7 +61,7 @@ class KeyboardDayTest(DayCase):
         self.assertEqual(there - set(visited), set(), "out of the Tab key's reach")
 
     def test_notes_settings_and_help(self):
-        self.begin("@2026-01-22 14:00:00")
+        self.begin()
         self.open_by_hotkey()
         self.screen.type("Call Ada")
         self.check_round("Flitmark")

@@ -50,7 +50,7 @@ class ScreenReaderDayTest(DayCase):
         self.assertEqual(self.home.config()["save_subfolder"], "Captured")
 
     def test_notes_settings_and_help(self):
-        self.begin("@2026-01-22 14:00:00")
+        self.begin()
         reader = self.reader
         self.open_panel()
         self.screen.type("Call Ada")

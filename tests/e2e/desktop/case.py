@@ -15,6 +15,9 @@ from .home import Home
 from .program import Program
 from .waiting import wait_for, wait_until
 
+# Far from midnight and from the hours of the daily reviews, which would take the keyboard.
+AFTERNOON = "@2026-01-22 14:00:00"
+
 ARTIFACTS = Path(os.environ.get("FLITMARK_E2E_ARTIFACTS", "e2e-artifacts"))
 
 # What a sanitizer or the toolkit says when the program did something it must not do.
@@ -73,14 +76,14 @@ class DesktopCase(unittest.TestCase):
         self.screen = self.desktop.screen
         self.home = Home(self.desktop.folder / "user")
 
-    def start(self, clock=None, **variables):
+    def start(self, clock=AFTERNOON, **variables):
         """Starts the program; it must still run when the test ends, unless the test ended it."""
         program = Program(self.desktop, self.home, self.desktop.folder / "output.txt", clock, self.VARIABLES | variables)
         self.addCleanup(program.stop)
         self.program = program
         return program
 
-    def start_with_button(self, clock=None, **variables):
+    def start_with_button(self, clock=AFTERNOON, **variables):
         """Starts the program of a user who finished the set-up and waits for its button."""
         program = self.start(clock, **variables)
         self.screen.window("Flitmark Button")

@@ -4,7 +4,7 @@
 
 import contextlib
 
-from .case import SetUpCase
+from .case import AFTERNOON, SetUpCase
 from .waiting import NotInTime, wait_until
 
 NOTE = """## Today's Focus
@@ -25,7 +25,7 @@ class DayCase(SetUpCase):
         handler.write_text('#!/bin/sh\nprintf "%s\\n" "$@" >> "$HOME/opened"\n')
         handler.chmod(0o755)
 
-    def begin(self, clock):
+    def begin(self, clock=AFTERNOON):
         self.start_with_button(clock=clock, PATH=str(self.home.folder / "bin"))
 
     def wait_until_opened(self, note):

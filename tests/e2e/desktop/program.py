@@ -60,11 +60,15 @@ class Program:
         self._output_path = Path(output_path)
         self.ended_on_purpose = False
         environment = desktop.environment | SANITIZER_OPTIONS | {"HOME": str(home.folder)} | (variables or {})
-        if isinstance(clock, WallClock):
-            environment |= {"LD_PRELOAD": _fake_time_library(), "FAKETIME_TIMESTAMP_FILE": str(clock.path),
-                            "FAKETIME_NO_CACHE": "1", "FAKETIME_DONT_FAKE_MONOTONIC": "1"}
-        elif clock is not None:
-            environment |= {"LD_PRELOAD": _fake_time_library(), "FAKETIME": clock}
+        if clock is not None:
+            environment["LD_PRELOAD"] = _fake_time_library()
+            if isinstance(clock, WallClock):
+                environment |= {"FAKETIME_TIMESTAMP_FILE": str(clock.path), "FAKETIME_NO_CACHE": "1"}
+            else:
+                environment["FAKETIME"] = clock
+            if isinstance(clock, WallClock) or " x" not in clock:
+                # The timers go on as they are.
+                environment["FAKETIME_DONT_FAKE_MONOTONIC"] = "1"
         self._environment = environment
         self._folder = home.folder
         self._process = self._run(self._output_path)

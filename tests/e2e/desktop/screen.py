@@ -71,10 +71,6 @@ class Screen:
     def click(self, x, y, button=1):
         self.xdotool("mousemove", x, y, "click", button)
 
-    def click_and_type(self, x, y, text, seconds_between):
-        """Clicks and types so soon after it that only the X server's order of events is left to rely on."""
-        self.xdotool("mousemove", x, y, "click", 1, "sleep", seconds_between, "type", "--delay", 0, text)
-
     def drag(self, start, end):
         """Presses at `start`, moves to `end` in steps as small as a hand's, as far as the screen goes, and releases."""
         steps = max(1, round(math.dist(start, end) / DRAG_STEP))
