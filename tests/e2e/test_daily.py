@@ -37,8 +37,8 @@ class DailyTest(SetUpCase):
     def test_edits_of_both_sides_are_kept(self):
         self.start_with_button()
         self.open_daily_tab()
-        # In place, at the end, and by replacing the file: what an editor and a sync program do.
-        self.note.write_text(NOTE.replace("## Tasks\n", "## Tasks\n- [ ] From outside\n"))
+        # In place, at the end, and by replacing the file: what an editor and a sync program do. No row moves below the pointer.
+        self.note.write_text(NOTE.replace("## Tasks\n", "## Tasks\nWritten outside\n"))
         self.program.click("Write the page", "check box", "Flitmark")
         self.wait_for_line("- [x] Write the page")
         with self.note.open("a") as file:
@@ -51,7 +51,7 @@ class DailyTest(SetUpCase):
         self.program.click("Send it out", "check box", "Flitmark")
         self.wait_for_line("- [ ] Send it out")
 
-        expected = "first line\n" + NOTE.replace("## Tasks\n", "## Tasks\n- [ ] From outside\n").replace(
+        expected = "first line\n" + NOTE.replace("## Tasks\n", "## Tasks\nWritten outside\n").replace(
             "- [ ] Write", "- [x] Write") + "appended\n"
         self.assertEqual(self.note.read_text(), expected)
         self.assertEqual([path.name for path in self.note.parent.iterdir()], [self.note.name])
