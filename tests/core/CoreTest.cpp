@@ -40,11 +40,9 @@ private Q_SLOTS:
             }
             all.append(name);
         }
-        const QList<QLocale> withRanks = {QLocale::English, QLocale::German,    QLocale::Japanese,
-                                          QLocale::Swedish, QLocale::Ukrainian, QLocale::c()};
-        for (const QLocale& locale : withRanks + QList<QLocale>{QLocale::Czech, QLocale::Danish}) {
+        for (const QLocale& locale : {QLocale(QLocale::English), QLocale(QLocale::Japanese), QLocale(QLocale::Swedish),
+                                      QLocale(QLocale::Czech), QLocale::c()}) {
             const NameOrder names(locale);
-            QCOMPARE(names.hasRanks(), withRanks.contains(locale));
             QCollator collator(locale);
             collator.setCaseSensitivity(Qt::CaseInsensitive);
             QString last;
