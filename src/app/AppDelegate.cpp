@@ -34,7 +34,7 @@ namespace flitmark {
 
 using namespace std::chrono_literals;
 
-AppDelegate::AppDelegate(const AppServices& services)
+AppDelegate::AppDelegate(const Services& services)
     : m_services(services)
 {
     QCoreApplication::instance()->installEventFilter(&m_repeatFilter);

@@ -4,7 +4,7 @@
 #pragma once
 
 #include <app/AltKeyFilter.h>
-#include <app/AppServices.h>
+#include <app/ScreenshotMode.h>
 #include <platform/AppAction.h>
 #include <ui/CompositionFilter.h>
 #include <ui/Menu.h>
@@ -20,15 +20,32 @@
 
 namespace flitmark {
 
+class AppUpdateController;
 class BrowseModel;
+class CheckinWindowController;
+class ConfigManager;
+class DailyNoteManager;
 class DailyTabModel;
+class Dialogs;
+class DraftManager;
 class HelpWindow;
+class KeyMonitor;
+class LoginItemManager;
+class NoteManager;
 class NotePanelModel;
+class NotificationCenter;
 class PanelWindow;
+class RunLoop;
+class Screens;
 class SettingsWindow;
 class SetupWizardWindow;
+class SignalManager;
 class TriggerButtonWindow;
 class UpdateWindow;
+class UserDefaults;
+class WindowManager;
+class Workspace;
+struct Directories;
 
 /// Starts the program and owns its windows: the setup wizard on the first run, then the trigger button and the note
 /// panel. Main thread only.
@@ -37,7 +54,30 @@ class AppDelegate final : public QObject
     Q_OBJECT
 
 public:
-    explicit AppDelegate(const AppServices& services);
+    /// What it works with. All of them must outlive it.
+    struct Services
+    {
+        const Directories& directories;
+        RunLoop& runLoop;
+        NotificationCenter& notificationCenter;
+        ConfigManager& configManager;
+        AppUpdateController& updateController;
+        CheckinWindowController& checkinWindowController;
+        SignalManager& signalManager;
+        DailyNoteManager& dailyNoteManager;
+        DraftManager& draftManager;
+        NoteManager& noteManager;
+        Screens& screens;
+        WindowManager& windowManager;
+        Dialogs& dialogs;
+        Workspace& workspace;
+        KeyMonitor& keyMonitor;
+        LoginItemManager& loginItemManager;
+        UserDefaults& userDefaults;
+        ScreenshotMode screenshotMode = {};
+    };
+
+    explicit AppDelegate(const Services& services);
     ~AppDelegate() override;
     Q_DISABLE_COPY_MOVE(AppDelegate)
 
@@ -116,7 +156,7 @@ private:
     QRect triggerFrameOnScreen() const;
     void setPanelVisible(bool isVisible);
 
-    AppServices m_services;
+    Services m_services;
     AltKeyFilter m_altKeyFilter;
     RepeatFilter m_repeatFilter;
     CompositionFilter m_compositionFilter;

@@ -2,46 +2,49 @@
 // SPDX-License-Identifier: MIT
 
 #include <app/AppServices.h>
-#include <capture/DraftManager.h>
-#include <capture/NoteManager.h>
-#include <checkin/CheckinWindowController.h>
-#include <config/ConfigManager.h>
-#include <daily/DailyNoteManager.h>
-#include <platform/AppUpdateController.h>
-#include <platform/Dialogs.h>
-#include <platform/KeyMonitor.h>
-#include <platform/LoginItemManager.h>
-#include <platform/NotificationCenter.h>
-#include <platform/RunLoop.h>
-#include <platform/Screens.h>
-#include <platform/UserDefaults.h>
-#include <platform/WindowManager.h>
-#include <platform/Workspace.h>
-#include <signals/SignalManager.h>
+#include <platform/linux/Desktop.h>
+#include <ui/QtDialogs.h>
+
+#include <QCoreApplication>
 
 namespace flitmark {
 
-AppServices AppServices::shared()
+AppServices::AppServices()
+    : runLoop(makeRunLoop())
+    , userDefaults(makeUserDefaults(directories))
+    , updater(makeUpdater(*userDefaults, *runLoop))
+    , workspace(makeWorkspace())
+    , sound(makeSystemSound(directories))
+    , screens(makeScreens())
+    , windowManager(makeWindowManager())
+    , dialogs(makeDialogs(configManager, *runLoop))
+    , keyMonitor(makeKeyMonitor(*runLoop))
+    , loginService(directories.configHome, QCoreApplication::applicationFilePath())
 {
-    // The members are made in this order.
+}
+
+AppServices::~AppServices() = default;
+
+AppDelegate::Services AppServices::references()
+{
     return {
-        .directories = Directories::ofUser(),
-        .runLoop = RunLoop::shared(),
-        .notificationCenter = NotificationCenter::shared(),
-        .configManager = ConfigManager::shared(),
-        .updateController = AppUpdateController::shared(),
-        .checkinWindowController = CheckinWindowController::shared(),
-        .signalManager = SignalManager::shared(),
-        .dailyNoteManager = DailyNoteManager::shared(),
-        .draftManager = DraftManager::shared(),
-        .noteManager = NoteManager::shared(),
-        .screens = Screens::shared(),
-        .windowManager = WindowManager::shared(),
-        .dialogs = Dialogs::shared(),
-        .workspace = Workspace::shared(),
-        .keyMonitor = KeyMonitor::shared(),
-        .loginItemManager = LoginItemManager::shared(),
-        .userDefaults = UserDefaults::shared(),
+        .directories = directories,
+        .runLoop = *runLoop,
+        .notificationCenter = notificationCenter,
+        .configManager = configManager,
+        .updateController = updateController,
+        .checkinWindowController = checkinWindowController,
+        .signalManager = signalManager,
+        .dailyNoteManager = dailyNoteManager,
+        .draftManager = draftManager,
+        .noteManager = noteManager,
+        .screens = *screens,
+        .windowManager = *windowManager,
+        .dialogs = *dialogs,
+        .workspace = *workspace,
+        .keyMonitor = *keyMonitor,
+        .loginItemManager = loginItemManager,
+        .userDefaults = *userDefaults,
         .screenshotMode = ScreenshotMode::ofEnvironment(),
     };
 }

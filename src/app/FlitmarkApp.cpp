@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Flitmark authors
 // SPDX-License-Identifier: MIT
 
+#include <app/AppServices.h>
 #include <app/FlitmarkApp.h>
 #include <app/PlatformChoice.h>
 #include <app/Translations.h>
 #include <platform/RunLoop.h>
-#include <platform/SharedServices.h>
 #include <platform/linux/ApplicationBus.h>
 #include <platform/linux/EndSignals.h>
 #include <platform/linux/PortalColorScheme.h>
@@ -71,14 +71,11 @@ FlitmarkApp::FlitmarkApp(int& argc, char** argv, RunningCopy& runningCopy)
     QGuiApplication::setQuitOnLastWindowClosed(false);
     installTranslations();
     followSession();
-    m_appDelegate = std::make_unique<AppDelegate>(AppServices::shared());
+    m_services = std::make_unique<AppServices>();
+    m_appDelegate = std::make_unique<AppDelegate>(m_services->references());
 }
 
-FlitmarkApp::~FlitmarkApp()
-{
-    m_appDelegate.reset();
-    SharedServices::endAll();
-}
+FlitmarkApp::~FlitmarkApp() = default;
 
 void FlitmarkApp::followSession()
 {
@@ -97,7 +94,7 @@ void FlitmarkApp::followRequests()
     }
     connect(&m_runningCopy, &RunningCopy::activationAsked, m_appDelegate.get(), &AppDelegate::activate);
     m_runningCopy.listen();
-    RunLoop::shared().after(busDelay, m_appDelegate.get(), [this] { joinBus(); });
+    m_services->runLoop->after(busDelay, m_appDelegate.get(), [this] { joinBus(); });
 }
 
 void FlitmarkApp::joinBus()
@@ -113,7 +110,7 @@ void FlitmarkApp::followScheme()
 {
     auto* scheme = new PortalColorScheme(m_application.get());
     connect(scheme, &PortalColorScheme::told, m_application.get(), wearScheme);
-    RunLoop::shared().after(busDelay, scheme, [scheme] { scheme->start(); });
+    m_services->runLoop->after(busDelay, scheme, [scheme] { scheme->start(); });
 }
 
 int FlitmarkApp::run()

@@ -15,6 +15,7 @@ class QSessionManager;
 namespace flitmark {
 
 class RunningCopy;
+struct AppServices;
 
 /// The application object: the toolkit, the delegate, what reaches the program from outside, and the end of all
 /// services.
@@ -41,6 +42,7 @@ private:
 
     RunningCopy& m_runningCopy;
     std::unique_ptr<Application> m_application;
+    std::unique_ptr<AppServices> m_services;
     std::unique_ptr<AppDelegate> m_appDelegate;
 };
 

@@ -8,7 +8,6 @@
 #include <platform/Json.h>
 #include <platform/Print.h>
 #include <platform/RunLoop.h>
-#include <platform/SharedServices.h>
 
 #include <QFile>
 #include <QFileInfo>
@@ -66,12 +65,6 @@ DraftManager::DraftManager(const Directories& directories, RunLoop& runLoop)
     // Where the folder can't be made, the first save says so.
     std::ignore = createFolder(directories.ownFolder());
     load();
-}
-
-DraftManager& DraftManager::shared()
-{
-    return SharedServices::get<DraftManager>(
-        [] { return std::make_unique<DraftManager>(Directories::ofUser(), RunLoop::shared()); });
 }
 
 void DraftManager::load()

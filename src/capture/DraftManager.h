@@ -39,8 +39,6 @@ public:
     DraftManager(const Directories& directories, RunLoop& runLoop);
     Q_DISABLE_COPY_MOVE(DraftManager)
 
-    static DraftManager& shared();
-
     /// The absolute path of the draft's file.
     QString draftURL() const { return m_draftURL; }
     const std::optional<Draft>& currentDraft() const { return m_currentDraft; }

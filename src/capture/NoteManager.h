@@ -25,8 +25,6 @@ public:
     NoteManager(ConfigManager& configManager, RunLoop& runLoop, SystemSound& sound);
     Q_DISABLE_COPY_MOVE(NoteManager)
 
-    static NoteManager& shared();
-
     /// Writes a note of type `noteType` (a name; it need not be configured) into that type's folder, which is created
     /// if needed, and plays a sound where the user wants one. A note of the same second and title source is replaced.
     /// Returns the absolute path of the file; on failure no file is left behind.

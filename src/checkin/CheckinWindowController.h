@@ -48,8 +48,6 @@ public:
     explicit CheckinWindowController(const Services& services);
     Q_DISABLE_COPY_MOVE(CheckinWindowController)
 
-    static CheckinWindowController& shared();
-
     /// Whether a Pomodoro runs or is paused: its timers exist.
     bool isRunning() const { return m_checkinTimer != nullptr; }
     /// Stays as it is when the Pomodoro is stopped.

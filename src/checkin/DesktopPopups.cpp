@@ -9,7 +9,6 @@
 #include <checkin/PopupWindow.h>
 #include <config/ConfigManager.h>
 #include <daily/DailyNoteManager.h>
-#include <platform/SharedServices.h>
 #include <platform/WindowManager.h>
 #include <signals/SignalManager.h>
 #include <ui/ThemeScope.h>
@@ -39,20 +38,6 @@ bool isOpen(const std::unique_ptr<PopupWindow>& window)
 }
 
 } // namespace
-
-PopupPresenter& PopupPresenter::shared()
-{
-    return SharedServices::get<PopupPresenter>([] {
-        return std::make_unique<DesktopPopups>(DesktopPopups::Services{
-            .configManager = ConfigManager::shared(),
-            .dailyNoteManager = DailyNoteManager::shared(),
-            .signalManager = SignalManager::shared(),
-            .runLoop = RunLoop::shared(),
-            .screens = Screens::shared(),
-            .windowManager = WindowManager::shared(),
-        });
-    });
-}
 
 DesktopPopups::DesktopPopups(const Services& services)
     : m_services(services)

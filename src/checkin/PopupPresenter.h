@@ -26,9 +26,6 @@ public:
     virtual ~PopupPresenter() = default;
     Q_DISABLE_COPY_MOVE(PopupPresenter)
 
-    /// The desktop's windows.
-    static PopupPresenter& shared();
-
     virtual bool isCheckinVisible() const = 0;
     /// Opens a new check-in popup in the top right corner of the main screen and gives it the keyboard. One that is
     /// left over, out of sight, is replaced.

@@ -7,7 +7,6 @@
 #include <platform/Files.h>
 #include <platform/Json.h>
 #include <platform/Print.h>
-#include <platform/SharedServices.h>
 
 #include <QDir>
 #include <QFileInfo>
@@ -37,11 +36,6 @@ ConfigManager::ConfigManager(const Directories& directories)
     // Where the folder can't be made, the first save says so.
     std::ignore = createFolder(directories.ownFolder());
     load();
-}
-
-ConfigManager& ConfigManager::shared()
-{
-    return SharedServices::get<ConfigManager>([] { return std::make_unique<ConfigManager>(Directories::ofUser()); });
 }
 
 void ConfigManager::setConfig(AppConfig config)

@@ -25,8 +25,6 @@ public:
     explicit ConfigManager(const Directories& directories);
     Q_DISABLE_COPY_MOVE(ConfigManager)
 
-    static ConfigManager& shared();
-
     const AppConfig& config() const { return m_config; }
     /// Replaces the configuration in memory. Nothing is written.
     void setConfig(AppConfig config);

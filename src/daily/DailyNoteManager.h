@@ -52,8 +52,6 @@ public:
     ~DailyNoteManager() override;
     Q_DISABLE_COPY_MOVE(DailyNoteManager)
 
-    static DailyNoteManager& shared();
-
     const DailyNote& todayNote() const { return m_todayNote; }
     /// From the start of a load until its result is published.
     bool isLoading() const { return m_isLoading; }

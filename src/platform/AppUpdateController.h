@@ -21,8 +21,6 @@ public:
     }
     Q_DISABLE_COPY_MOVE(AppUpdateController)
 
-    static AppUpdateController& shared();
-
     Updater& updater() const { return m_updater; }
 
 private:

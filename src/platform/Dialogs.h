@@ -38,8 +38,6 @@ public:
     virtual ~Dialogs() = default;
     Q_DISABLE_COPY_MOVE(Dialogs)
 
-    static Dialogs& shared();
-
     /// Lets the user choose one folder, in a dialog titled `message` over the window of `parent`, and returns at once.
     /// `onChosen` is called on the main thread when the user confirms; it is not called when the user cancels or
     /// `parent` goes before.

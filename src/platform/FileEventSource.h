@@ -53,8 +53,6 @@ public:
     virtual ~FileEventSources() = default;
     Q_DISABLE_COPY_MOVE(FileEventSources)
 
-    static FileEventSources& shared();
-
     /// Watches the file that is at `path` now, a link being followed. `handler` hears of the `wanted` events. An error
     /// says why the file can't be watched.
     virtual tl::expected<std::unique_ptr<FileEventSource>, FileError>

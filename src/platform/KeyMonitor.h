@@ -39,8 +39,6 @@ public:
     KeyMonitor() = default;
     Q_DISABLE_COPY_MOVE(KeyMonitor)
 
-    static KeyMonitor& shared();
-
     /// How long after `start` the watching begins: it must not compete with the first window for the display.
     static constexpr std::chrono::milliseconds startDelay{100};
 

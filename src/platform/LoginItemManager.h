@@ -22,8 +22,6 @@ public:
     explicit LoginItemManager(LoginService& service);
     Q_DISABLE_COPY_MOVE(LoginItemManager)
 
-    static LoginItemManager& shared();
-
     bool isEnabled() const { return m_isEnabled; }
     const QString& statusText() const { return m_statusText; }
     /// Why the last change failed, in the desktop's words; none after a success.

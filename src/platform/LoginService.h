@@ -21,8 +21,6 @@ public:
     virtual ~LoginService() = default;
     Q_DISABLE_COPY_MOVE(LoginService)
 
-    static LoginService& shared();
-
     virtual Status status() const = 0;
     virtual Outcome registerProgram() = 0;
     virtual Outcome unregisterProgram() = 0;

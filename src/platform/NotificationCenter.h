@@ -17,8 +17,6 @@ public:
     NotificationCenter() = default;
     Q_DISABLE_COPY_MOVE(NotificationCenter)
 
-    static NotificationCenter& shared();
-
 Q_SIGNALS:
     /// What remains of the running Pomodoro, 0.0 to 1.0.
     void pomodoroTimerUpdated(double remainingRatio);

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 
 #include <platform/RunLoop.h>
-#include <platform/SharedServices.h>
 
 #include <QTimer>
 
@@ -114,9 +113,9 @@ RunLoop::Duration RunLoop::untilNextMinute() const
     return 1min - Duration(now().time().msecsSinceStartOfDay()) % 1min + littleMore;
 }
 
-RunLoop& RunLoop::shared()
+std::unique_ptr<RunLoop> makeRunLoop()
 {
-    return SharedServices::get<RunLoop>([] { return std::make_unique<QtRunLoop>(); });
+    return std::make_unique<QtRunLoop>();
 }
 
 } // namespace flitmark

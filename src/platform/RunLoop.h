@@ -36,9 +36,6 @@ public:
     virtual ~RunLoop() = default;
     Q_DISABLE_COPY_MOVE(RunLoop)
 
-    /// The one run loop of the process, on Qt's event loop and precise timers.
-    static RunLoop& shared();
-
     /// The current time, in the local time zone.
     virtual QDateTime now() const = 0;
 
@@ -56,5 +53,8 @@ public:
     /// that is late skips the firings it missed and keeps its cadence.
     virtual std::unique_ptr<Timer> every(Duration period, Task task) = 0;
 };
+
+/// The run loop of the program, on the main thread, with the application object there.
+std::unique_ptr<RunLoop> makeRunLoop();
 
 } // namespace flitmark

@@ -27,8 +27,6 @@ public:
     Screens() = default;
     Q_DISABLE_COPY_MOVE(Screens)
 
-    static Screens& shared();
-
     /// The main screen's frames; nothing while there is no screen.
     virtual std::optional<ScreenFrames> mainScreen() const = 0;
 

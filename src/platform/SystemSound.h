@@ -16,9 +16,6 @@ public:
     virtual ~SystemSound() = default;
     Q_DISABLE_COPY_MOVE(SystemSound)
 
-    /// The desktop's sounds.
-    static SystemSound& shared();
-
     /// Starts to play a sound and returns at once. Without a sound device, or with the desktop's event sounds switched
     /// off, nothing is heard.
     virtual void play(const QString& name) = 0;

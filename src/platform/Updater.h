@@ -31,8 +31,6 @@ public:
     Updater() = default;
     Q_DISABLE_COPY_MOVE(Updater)
 
-    static Updater& shared();
-
     /// Begins with the automatic checks. Called once.
     virtual void startUpdater() {}
     virtual bool automaticallyChecksForUpdates() const = 0;

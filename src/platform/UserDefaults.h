@@ -17,8 +17,6 @@ public:
     virtual ~UserDefaults() = default;
     Q_DISABLE_COPY_MOVE(UserDefaults)
 
-    static UserDefaults& shared();
-
     /// The stored value of `key`, else `fallback`.
     virtual bool boolean(const QString& key, bool fallback) const = 0;
     /// Stores a value on disk, now. A failure prints a line.

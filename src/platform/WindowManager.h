@@ -22,8 +22,6 @@ public:
     virtual ~WindowManager() = default;
     Q_DISABLE_COPY_MOVE(WindowManager)
 
-    static WindowManager& shared();
-
     /// True when windows may be partly transparent. It can change while the program runs.
     virtual bool isCompositing() const = 0;
 

@@ -16,8 +16,6 @@ public:
     virtual ~Workspace() = default;
     Q_DISABLE_COPY_MOVE(Workspace)
 
-    static Workspace& shared();
-
     /// Opens `url` with the application that the desktop has for it. False when there is none or it could not start.
     virtual bool open(const QUrl& url) = 0;
 };

@@ -6,7 +6,6 @@
 #include <platform/Json.h>
 #include <platform/Print.h>
 #include <platform/RunLoop.h>
-#include <platform/SharedServices.h>
 #include <signals/SignalManager.h>
 
 #include <QFileInfo>
@@ -67,14 +66,6 @@ SignalManager::~SignalManager()
 {
     // Before anything else goes: the watch calls from another thread.
     m_fileMonitor.reset();
-}
-
-SignalManager& SignalManager::shared()
-{
-    return SharedServices::get<SignalManager>([] {
-        return std::make_unique<SignalManager>(Directories::ofUser(), ConfigManager::shared(), RunLoop::shared(),
-                                               FileEventSources::shared());
-    });
 }
 
 void SignalManager::setCoachConfig(CoachConfig config)

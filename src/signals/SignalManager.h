@@ -35,8 +35,6 @@ public:
     ~SignalManager() override;
     Q_DISABLE_COPY_MOVE(SignalManager)
 
-    static SignalManager& shared();
-
     /// The alert that waits for the user's answer.
     const std::optional<CoachAlert>& currentAlert() const { return m_currentAlert; }
 

@@ -3,7 +3,7 @@
 
 #include <config/ConfigManager.h>
 #include <platform/Dialogs.h>
-#include <platform/SharedServices.h>
+#include <ui/QtDialogs.h>
 #include <ui/QuestionWindow.h>
 
 #include <QDir>
@@ -15,7 +15,6 @@ namespace flitmark {
 
 namespace {
 
-/// Qt's dialog for folders, which is the desktop's where it offers one, and questions in the look of our windows.
 class QtDialogs final : public Dialogs
 {
 public:
@@ -91,10 +90,9 @@ private:
 
 } // namespace
 
-Dialogs& Dialogs::shared()
+std::unique_ptr<Dialogs> makeDialogs(const ConfigManager& configManager, RunLoop& runLoop)
 {
-    return SharedServices::get<Dialogs>(
-        [] { return std::make_unique<QtDialogs>(ConfigManager::shared(), RunLoop::shared()); });
+    return std::make_unique<QtDialogs>(configManager, runLoop);
 }
 
 } // namespace flitmark

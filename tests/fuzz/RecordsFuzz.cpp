@@ -71,10 +71,11 @@ void checkConfig(const User& user, const QByteArray& bytes)
 void checkDraft(const User& user, const QByteArray& bytes)
 {
     putFile(user.draft, bytes);
-    DraftManager manager(user.directories, RunLoop::shared());
+    const std::unique_ptr<RunLoop> loop = makeRunLoop();
+    DraftManager manager(user.directories, *loop);
     if (const std::optional<Draft> draft = manager.currentDraft()) {
         manager.save(draft->content, draft->title, draft->noteType);
-        const std::optional<Draft> again = DraftManager(user.directories, RunLoop::shared()).currentDraft();
+        const std::optional<Draft> again = DraftManager(user.directories, *loop).currentDraft();
         require(again.has_value() == manager.currentDraft().has_value(), "a draft is there or not, as saved");
         require(!again || (again->content == draft->content && again->title == draft->title), "a draft is read back");
         return;

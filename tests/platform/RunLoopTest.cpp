@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 
 #include <platform/RunLoop.h>
-#include <platform/SharedServices.h>
 
 #include <QElapsedTimer>
 #include <QtTest/QTest>
@@ -17,29 +16,26 @@ class RunLoopTest final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanupTestCase() { SharedServices::endAll(); }
     void tasks_runLaterInOrderWhileTheirOwnerLives()
     {
         QString order;
         const QObject here; // ends before `order`: a failed check leaves no task behind
         auto owner = std::make_unique<QObject>();
-        RunLoop::shared().async(owner.get(), [&] { order += u'x'; });
-        RunLoop::shared().after(10ms, owner.get(), [&] { order += u'x'; });
+        m_loop->async(owner.get(), [&] { order += u'x'; });
+        m_loop->after(10ms, owner.get(), [&] { order += u'x'; });
         owner.reset();
-        RunLoop::shared().async(&here, [&] {
+        m_loop->async(&here, [&] {
             order += u'a';
-            RunLoop::shared().async(&here, [&] { order += u'c'; });
+            m_loop->async(&here, [&] { order += u'c'; });
         });
         const auto isHere = [&here] { return QThread::currentThread() == here.thread(); };
-        std::thread([&, &tested = RunLoop::shared()] {
-            tested.async(&here, [&] { order += isHere() ? u'b' : u'?'; });
-        }).join();
+        std::thread([&, &tested = *m_loop] { tested.async(&here, [&] { order += isHere() ? u'b' : u'?'; }); }).join();
         QVERIFY(order.isEmpty());
         QTRY_COMPARE(order, "abc");
-        RunLoop::shared().after(60ms, &here, [&] { order += u'f'; });
-        RunLoop::shared().after(30ms, &here, [&] { order += u'e'; });
-        RunLoop::shared().after(-5s, &here, [&] { order += u'd'; });
-        RunLoop::shared().after(24h * 365 * 100, &here, [&] { order += u'z'; });
+        m_loop->after(60ms, &here, [&] { order += u'f'; });
+        m_loop->after(30ms, &here, [&] { order += u'e'; });
+        m_loop->after(-5s, &here, [&] { order += u'd'; });
+        m_loop->after(24h * 365 * 100, &here, [&] { order += u'z'; });
         pass(200ms);
         QCOMPARE(order, "abcdef");
     }
@@ -49,10 +45,10 @@ private Q_SLOTS:
         int ended = 0;
         QElapsedTimer elapsed;
         elapsed.start();
-        auto timer = RunLoop::shared().every(40ms, [&] { ++calls; });
+        auto timer = m_loop->every(40ms, [&] { ++calls; });
         std::unique_ptr<RunLoop::Timer> ending;
         // The text is the task's own: it must outlive the timer that the task ends.
-        ending = RunLoop::shared().every(5ms, [&ending, &ended, text = QString("still here")] {
+        ending = m_loop->every(5ms, [&ending, &ended, text = QString("still here")] {
             ending.reset();
             ended += text == u"still here" ? 1 : 1000;
         });
@@ -66,6 +62,8 @@ private Q_SLOTS:
     }
 
 private:
+    const std::unique_ptr<RunLoop> m_loop = makeRunLoop();
+
     static void pass(RunLoop::Duration duration)
     {
         // Qt's wait ends at the time, even with events left: one more turn takes those.

@@ -4,7 +4,6 @@
 #include <platform/AutostartEntry.h>
 #include <platform/Directories.h>
 #include <platform/Files.h>
-#include <platform/SharedServices.h>
 #include <platform/linux/AutostartLoginService.h>
 
 #include <QCoreApplication>
@@ -67,14 +66,6 @@ LoginService::Outcome AutostartLoginService::unregisterProgram()
         return tl::unexpected(FileError::ofSystem(errno).message);
     }
     return {};
-}
-
-LoginService& LoginService::shared()
-{
-    return SharedServices::get<LoginService>([] {
-        return std::make_unique<AutostartLoginService>(Directories::ofUser().configHome,
-                                                       QCoreApplication::applicationFilePath());
-    });
 }
 
 } // namespace flitmark

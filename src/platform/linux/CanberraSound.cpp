@@ -3,8 +3,8 @@
 
 #include <platform/Directories.h>
 #include <platform/Files.h>
-#include <platform/SharedServices.h>
 #include <platform/SystemSound.h>
+#include <platform/linux/Desktop.h>
 
 #include <QFile>
 #include <QThreadPool>
@@ -76,10 +76,9 @@ private:
 
 } // namespace
 
-SystemSound& SystemSound::shared()
+std::unique_ptr<SystemSound> makeSystemSound(const Directories& directories)
 {
-    return SharedServices::get<SystemSound>(
-        [] { return std::make_unique<CanberraSound>(Directories::ofUser().cache + QStringLiteral("/flitmark")); });
+    return std::make_unique<CanberraSound>(directories.cache + QStringLiteral("/flitmark"));
 }
 
 } // namespace flitmark

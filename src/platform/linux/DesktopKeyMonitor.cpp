@@ -3,7 +3,7 @@
 
 #include <platform/KeyMonitor.h>
 #include <platform/RunLoop.h>
-#include <platform/SharedServices.h>
+#include <platform/linux/Desktop.h>
 #include <platform/linux/PortalKeyMonitor.h>
 #include <platform/linux/X11KeyMonitor.h>
 
@@ -31,27 +31,21 @@ bool isWaylandSession()
     return !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") || qgetenv("XDG_SESSION_TYPE") == "wayland";
 }
 
-std::unique_ptr<KeyMonitor> makeKeyMonitor()
+} // namespace
+
+std::unique_ptr<KeyMonitor> makeKeyMonitor(RunLoop& runLoop)
 {
     if (isWaylandSession()) {
-        return std::make_unique<PortalKeyMonitor>(RunLoop::shared());
+        return std::make_unique<PortalKeyMonitor>(runLoop);
     }
     // Without a display the interface may be there, and no connection behind it.
     if (const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
         x11 != nullptr && x11->connection() != nullptr) {
         const xcb_setup_t* setup = xcb_get_setup(x11->connection());
         return std::make_unique<X11KeyMonitor>(
-            RunLoop::shared(),
-            X11HotkeyWatch::OwnWindows{.base = setup->resource_id_base, .mask = setup->resource_id_mask});
+            runLoop, X11HotkeyWatch::OwnWindows{.base = setup->resource_id_base, .mask = setup->resource_id_mask});
     }
     return std::make_unique<NoKeyMonitor>();
-}
-
-} // namespace
-
-KeyMonitor& KeyMonitor::shared()
-{
-    return SharedServices::get<KeyMonitor>(makeKeyMonitor);
 }
 
 } // namespace flitmark

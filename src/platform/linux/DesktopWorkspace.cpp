@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Flitmark authors
 // SPDX-License-Identifier: MIT
 
-#include <platform/SharedServices.h>
 #include <platform/Workspace.h>
+#include <platform/linux/Desktop.h>
 
 #include <QDesktopServices>
 
@@ -18,9 +18,9 @@ public:
 
 } // namespace
 
-Workspace& Workspace::shared()
+std::unique_ptr<Workspace> makeWorkspace()
 {
-    return SharedServices::get<Workspace>([] { return std::make_unique<DesktopWorkspace>(); });
+    return std::make_unique<DesktopWorkspace>();
 }
 
 } // namespace flitmark

@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Flitmark authors
 // SPDX-License-Identifier: MIT
 
-#include <platform/SharedServices.h>
 #include <platform/linux/InotifyFileEventSource.h>
 
 #include <QFile>
@@ -62,11 +61,6 @@ private:
     Events m_wanted;
     Handler m_handler;
 };
-
-FileEventSources& FileEventSources::shared()
-{
-    return SharedServices::get<FileEventSources>([] { return std::make_unique<InotifyFileEventSources>(); });
-}
 
 InotifyFileEventSources::~InotifyFileEventSources()
 {

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include <platform/Screens.h>
-#include <platform/SharedServices.h>
+#include <platform/linux/Desktop.h>
 
 #include <QGuiApplication>
 #include <QPointer>
@@ -59,9 +59,9 @@ private:
 
 } // namespace
 
-Screens& Screens::shared()
+std::unique_ptr<Screens> makeScreens()
 {
-    return SharedServices::get<Screens>([] { return std::make_unique<QtScreens>(); });
+    return std::make_unique<QtScreens>();
 }
 
 } // namespace flitmark

@@ -3,8 +3,8 @@
 
 #include <platform/Directories.h>
 #include <platform/Print.h>
-#include <platform/SharedServices.h>
 #include <platform/UserDefaults.h>
+#include <platform/linux/Desktop.h>
 
 #include <QSettings>
 
@@ -15,6 +15,11 @@ namespace {
 class SettingsUserDefaults final : public UserDefaults
 {
 public:
+    explicit SettingsUserDefaults(const QString& path)
+        : m_settings(path, QSettings::IniFormat)
+    {
+    }
+
     bool boolean(const QString& key, bool fallback) const override { return m_settings.value(key, fallback).toBool(); }
 
     void setBoolean(const QString& key, bool value) override { store(key, value); }
@@ -31,14 +36,14 @@ private:
         }
     }
 
-    QSettings m_settings{Directories::ofUser().ownFolder() + QStringLiteral("/defaults.ini"), QSettings::IniFormat};
+    QSettings m_settings;
 };
 
 } // namespace
 
-UserDefaults& UserDefaults::shared()
+std::unique_ptr<UserDefaults> makeUserDefaults(const Directories& directories)
 {
-    return SharedServices::get<UserDefaults>([] { return std::make_unique<SettingsUserDefaults>(); });
+    return std::make_unique<SettingsUserDefaults>(directories.ownFolder() + QStringLiteral("/defaults.ini"));
 }
 
 } // namespace flitmark

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Flitmark authors
 // SPDX-License-Identifier: MIT
 
-#include <platform/SharedServices.h>
 #include <platform/WindowManager.h>
+#include <platform/linux/Desktop.h>
 #include <platform/linux/XcbReply.h>
 
 #include <QGuiApplication>
@@ -240,16 +240,14 @@ public:
 
 } // namespace
 
-WindowManager& WindowManager::shared()
+std::unique_ptr<WindowManager> makeWindowManager()
 {
-    return SharedServices::get<WindowManager>([]() -> std::unique_ptr<WindowManager> {
-        // Without a display the interface may be there, and no connection behind it.
-        if (const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-            x11 != nullptr && x11->connection() != nullptr) {
-            return std::make_unique<X11WindowManager>(x11->connection());
-        }
-        return std::make_unique<PlainWindowManager>();
-    });
+    // Without a display the interface may be there, and no connection behind it.
+    if (const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+        x11 != nullptr && x11->connection() != nullptr) {
+        return std::make_unique<X11WindowManager>(x11->connection());
+    }
+    return std::make_unique<PlainWindowManager>();
 }
 
 } // namespace flitmark

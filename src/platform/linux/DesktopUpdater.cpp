@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Flitmark authors
 // SPDX-License-Identifier: MIT
 
-#include <platform/SharedServices.h>
 #include <platform/Updater.h>
+#include <platform/linux/Desktop.h>
 #ifdef FLITMARK_UPDATE_FEED
 #include <platform/UserDefaults.h>
 #include <platform/linux/FeedUpdater.h>
@@ -12,14 +12,12 @@ namespace flitmark {
 
 #ifdef FLITMARK_UPDATE_FEED
 
-Updater& Updater::shared()
+std::unique_ptr<Updater> makeUpdater(UserDefaults& userDefaults, RunLoop& runLoop)
 {
-    return SharedServices::get<Updater>([] {
-        FeedUpdater::Feed feed;
-        feed.address = QUrl(QStringLiteral(FLITMARK_UPDATE_FEED));
-        feed.ownVersion = QStringLiteral(FLITMARK_VERSION);
-        return std::make_unique<FeedUpdater>(feed, UserDefaults::shared(), RunLoop::shared());
-    });
+    FeedUpdater::Feed feed;
+    feed.address = QUrl(QStringLiteral(FLITMARK_UPDATE_FEED));
+    feed.ownVersion = QStringLiteral(FLITMARK_VERSION);
+    return std::make_unique<FeedUpdater>(feed, userDefaults, runLoop);
 }
 
 #else
@@ -41,9 +39,9 @@ public:
 
 } // namespace
 
-Updater& Updater::shared()
+std::unique_ptr<Updater> makeUpdater(UserDefaults& /*userDefaults*/, RunLoop& /*runLoop*/)
 {
-    return SharedServices::get<Updater>([] { return std::make_unique<NoUpdater>(); });
+    return std::make_unique<NoUpdater>();
 }
 
 #endif
