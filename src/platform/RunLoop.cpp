@@ -6,9 +6,7 @@
 #include <QTimer>
 
 #include <algorithm>
-#include <deque>
 #include <limits>
-#include <mutex>
 
 namespace flitmark {
 
@@ -37,49 +35,15 @@ RunLoop::Duration clamped(RunLoop::Duration duration)
     return std::clamp(duration, RunLoop::Duration(0), RunLoop::Duration(std::numeric_limits<int>::max()));
 }
 
-/// Tasks from all threads, run in their order on the thread it was made on, one for each turn that is asked for. They
-/// wait under a lock of ours rather than in Qt's events, whose locks a thread sanitizer doesn't see.
-class TaskQueue final : public QObject
-{
-    Q_OBJECT
-
-public:
-    TaskQueue() { connect(this, &TaskQueue::added, this, &TaskQueue::runNext, Qt::QueuedConnection); }
-
-    void add(RunLoop::Task task)
-    {
-        {
-            const std::lock_guard lock(m_mutex);
-            m_tasks.push_back(std::move(task));
-        }
-        Q_EMIT added();
-    }
-
-Q_SIGNALS:
-    void added();
-
-private:
-    void runNext()
-    {
-        RunLoop::Task task;
-        {
-            const std::lock_guard lock(m_mutex);
-            task = std::move(m_tasks.front());
-            m_tasks.pop_front();
-        }
-        task();
-    }
-
-    std::mutex m_mutex;
-    std::deque<RunLoop::Task> m_tasks;
-};
-
 class QtRunLoop final : public RunLoop
 {
 public:
     QDateTime now() const override { return QDateTime::currentDateTime(); }
 
-    void async(const QObject* owner, Task task) override { m_tasks.add(guarded(owner, std::move(task))); }
+    void async(const QObject* owner, Task task) override
+    {
+        QMetaObject::invokeMethod(&m_context, guarded(owner, std::move(task)), Qt::QueuedConnection);
+    }
 
     void after(Duration delay, const QObject* owner, Task task) override
     {
@@ -102,7 +66,6 @@ private:
     }
 
     QObject m_context;
-    TaskQueue m_tasks;
 };
 
 } // namespace
@@ -119,5 +82,3 @@ std::unique_ptr<RunLoop> makeRunLoop()
 }
 
 } // namespace flitmark
-
-#include "RunLoop.moc"
