@@ -109,7 +109,6 @@ private Q_SLOTS:
         QVERIFY(!tab.model.isSettingNewFocus());
         tab.model.setEditedFocus("Too late");
         tab.model.saveFocus();
-        QVERIFY(tab.model.focusText() != "Too late");
         tab.click("Add task");
         auto* field = tab.find<QLineEdit>("New task");
         QTest::keyClicks(field, "  ");
