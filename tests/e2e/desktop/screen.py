@@ -13,6 +13,9 @@ from .waiting import PATIENCE, wait_until
 
 _TOOL_TIMEOUT_SECONDS = 30
 
+SINGLE_CLICK_SECONDS = 0.3
+"""The program takes two clicks for one where they follow each other in a quarter of a second."""
+
 DRAG_STEP = 4
 """The pixels between two moves of a drag."""
 
@@ -27,6 +30,7 @@ class Screen:
         self._environment = environment
         self.width, self.height = size
         self._clipboard = None
+        self._last_click = 0.0
 
     def run(self, *command):
         """The output of a command line tool on this screen; empty when it fails."""
@@ -69,7 +73,10 @@ class Screen:
     # Pointer and keys
 
     def click(self, x, y, button=1):
+        """Clicks once, never so soon after the click before that both would be a double click."""
+        time.sleep(max(0.0, self._last_click + SINGLE_CLICK_SECONDS - time.monotonic()))
         self.xdotool("mousemove", x, y, "click", button)
+        self._last_click = time.monotonic()
 
     def drag(self, start, end):
         """Presses at `start`, moves to `end` in steps as small as a hand's, as far as the screen goes, and releases."""
