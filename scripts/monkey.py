@@ -11,7 +11,6 @@ broken or forgotten file, or with a line gone that the other program wrote. The 
 """
 
 import json
-import os
 import random
 import re
 import shutil
@@ -31,7 +30,7 @@ from desktop.waiting import PATIENCE, wait_until
 from test_shell import NAME, PATH
 
 STEPS = 150
-ANSWER_SECONDS = 10
+ANSWER_SECONDS = 30
 DAYS = ("2026-01-21", "2026-01-22", "2026-01-23")
 CHOOSER = "Select your Obsidian vault folder"
 

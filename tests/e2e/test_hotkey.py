@@ -6,7 +6,7 @@ import os
 
 from desktop.case import SetUpCase
 from desktop.keygrabber import KeyGrabber
-from desktop.waiting import PATIENCE, hold, wait_until
+from desktop.waiting import hold, wait_until
 
 HOTKEY = "alt+n"
 
@@ -23,12 +23,7 @@ class HotkeyTest(SetUpCase):
     def start_with_hotkey(self):
         """Starts the program and waits until its hotkey works. The panel is closed then."""
         self.start_with_button()
-
-        def toggles():
-            self.screen.key(HOTKEY)
-            return self.panel_is_open()
-
-        wait_until(toggles, "the hotkey to work")
+        self.open_by_hotkey()
         self.put_away()
         self.typed_before = len(self.bystander.keys())
 
@@ -150,5 +145,5 @@ class HotkeyTest(SetUpCase):
         wait_until(lambda: wizard.is_active, "the wizard to be active")
         self.bystander.window.activate()
         self.screen.key(HOTKEY, "x")
-        wait_until(lambda: "x" in self.bystander.keys(), "typing to go on", timeout=0.25 * PATIENCE + 1)
+        wait_until(lambda: "x" in self.bystander.keys(), "typing to go on")
         self.assertFalse(self.panel_is_open())

@@ -115,7 +115,7 @@ class KeyboardDayTest(DayCase):
         self.use("Start Pomodoro for a task")
         self.program.find("Start Pomodoro", window="Flitmark")
         self.use("Sleep")
-        self.screen.window("Pomodoro Check-in", timeout=30)
+        self.screen.window("Pomodoro Check-in")
         self.wait_for_focus("Pomodoro Check-in")
         self.wait_for_line("- [ ] Sleep 🍅")
         self.use("On track")

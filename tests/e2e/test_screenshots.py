@@ -12,7 +12,7 @@ from pathlib import Path
 from desktop.case import DesktopCase
 from desktop.home import Home
 from desktop.program import SANITIZER_OPTIONS, executable
-from desktop.waiting import hold
+from desktop.waiting import PATIENCE, hold
 
 DEMO_TEXT = """Quick capture demo for Flitmark.
 
@@ -38,7 +38,7 @@ class PictureTest(unittest.TestCase):
         environment = SANITIZER_OPTIONS | {
             "PATH": os.environ["PATH"], "HOME": str(self.home.folder), "FLITMARK_SCREENSHOT_MODE": "1",
             "FLITMARK_SCREENSHOT_TAB": tab, "FLITMARK_SCREENSHOT_OUTPUT": str(picture)}
-        return subprocess.run([executable()], env=environment | variables, timeout=60, capture_output=True).returncode
+        return subprocess.run([executable()], env=environment | variables, timeout=60 * PATIENCE, capture_output=True).returncode
 
     def test_each_tab_without_a_display(self):
         pictures = {}

@@ -10,6 +10,8 @@ from dataclasses import dataclass
 
 from gi.repository import Gio, GLib
 
+from .waiting import PATIENCE
+
 _ACCESSIBLE = "org.a11y.atspi.Accessible"
 _ACTION = "org.a11y.atspi.Action"
 _COMPONENT = "org.a11y.atspi.Component"
@@ -21,7 +23,7 @@ _REGISTRY = "org.a11y.atspi.Registry"
 _ROOT = "/org/a11y/atspi/accessible/root"
 _NOTHING = "/org/a11y/atspi/null"
 
-_CALL_TIMEOUT_MS = 5000
+_CALL_TIMEOUT_MS = int(5000 * PATIENCE)
 _SCREEN_COORDINATES = 0
 
 # Bit numbers of the states in the accessibility protocol that tests ask for.

@@ -2,6 +2,7 @@
 # SPDX-License-Identifier: MIT
 """The base of all end-to-end tests: a fresh desktop and home for each, and evidence when one fails."""
 
+import contextlib
 import functools
 import os
 import shutil
@@ -13,7 +14,7 @@ from .bystander import Bystander
 from .desktop import Desktop
 from .home import Home
 from .program import Program
-from .waiting import wait_for, wait_until
+from .waiting import NotInTime, wait_for, wait_until
 
 # Far from midnight and from the hours of the daily reviews, which would take the keyboard.
 AFTERNOON = "@2026-01-22 14:00:00"
@@ -113,6 +114,17 @@ class DesktopCase(unittest.TestCase):
         panel = self.screen.window("Flitmark")
         self.wait_for_focus("Note")
         return panel
+
+    def open_by_hotkey(self):
+        """Opens the panel by the hotkey, as soon as that works, and waits until one can type."""
+        def opens():
+            self.screen.key("alt+n")
+            # Pressed again before the panel is there it would close it.
+            with contextlib.suppress(NotInTime):
+                return self.screen.window("Flitmark", timeout=5)
+
+        wait_until(opens, "the hotkey to work")
+        self.wait_for_focus("Note")
 
     def panel_is_open(self):
         return bool(self.screen.windows("Flitmark"))

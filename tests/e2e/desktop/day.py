@@ -2,10 +2,8 @@
 # SPDX-License-Identifier: MIT
 """What the tests of a whole day share: a user with a daily note, and a program that opens notes."""
 
-import contextlib
-
 from .case import AFTERNOON, SetUpCase
-from .waiting import NotInTime, wait_until
+from .waiting import wait_until
 
 NOTE = """## Today's Focus
 **Ship it**
@@ -31,11 +29,3 @@ class DayCase(SetUpCase):
     def wait_until_opened(self, note):
         opened = self.home.folder / "opened"
         wait_until(lambda: opened.exists() and note in opened.read_text(), "the note to be opened")
-
-    def open_by_hotkey(self):
-        def opens():
-            self.screen.key("alt+n")
-            with contextlib.suppress(NotInTime):
-                return self.screen.window("Flitmark", timeout=2)
-        wait_until(opens, "the hotkey to work")
-        self.wait_for_focus("Note")

@@ -12,7 +12,7 @@ from zoneinfo import ZoneInfo
 
 from . import accessibility, processes
 from .accessibility import Gone, Rectangle, unless_gone
-from .waiting import PATIENCE, NotInTime, wait_until
+from .waiting import DEADLINE_SECONDS, PATIENCE, NotInTime, wait_until
 
 _FAKE_TIME_LIBRARIES = "faketime/libfaketimeMT.so.1"
 
@@ -80,7 +80,7 @@ class Program:
 
     def start_again(self):
         """Starts the program a second time beside the running one, and gives the exit status of the new one."""
-        return self._run(self._output_path).wait(20)
+        return self._run(self._output_path).wait(DEADLINE_SECONDS * PATIENCE)
 
     @property
     def process_id(self):
@@ -99,7 +99,7 @@ class Program:
         """What the program has written so far."""
         return self._output_path.read_text(errors="replace")
 
-    def wait_for_output(self, text, timeout=10.0):
+    def wait_for_output(self, text, timeout=DEADLINE_SECONDS):
         wait_until(lambda: text in self.output(), lambda: f'"{text}" in the output:\n{self.output()}', timeout)
 
     def stop(self):
@@ -116,7 +116,7 @@ class Program:
         self._process.send_signal(signal.SIGKILL)
         self._process.wait()
 
-    def wait_for_exit(self, timeout=10.0):
+    def wait_for_exit(self, timeout=DEADLINE_SECONDS):
         """Waits until the program has ended by itself and gives its exit status."""
         wait_until(lambda: not self.is_running, "the program to end", timeout)
         self.ended_on_purpose = True
@@ -144,13 +144,13 @@ class Program:
         except Gone:
             return []
 
-    def find(self, name=None, role=None, window=None, timeout=10.0):
+    def find(self, name=None, role=None, window=None, timeout=DEADLINE_SECONDS):
         """The first such control, as soon as it is on screen."""
         wanted = f'{role or "a control"} "{name}" in "{window or "any window"}"'
         return wait_until(lambda: self.find_all(name, role, window), lambda: f"{wanted} among\n{self.tree()}",
                           timeout)[0]
 
-    def wait_until_gone(self, name, role=None, window=None, timeout=10.0):
+    def wait_until_gone(self, name, role=None, window=None, timeout=DEADLINE_SECONDS):
         wait_until(lambda: not self.find_all(name, role, window), lambda: f'"{name}" to leave\n{self.tree()}', timeout)
 
     def focused(self):

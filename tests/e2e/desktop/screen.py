@@ -9,9 +9,9 @@ import time
 
 from . import processes
 from .accessibility import Gone, Rectangle
-from .waiting import PATIENCE, wait_until
+from .waiting import DEADLINE_SECONDS, PATIENCE, wait_until
 
-_TOOL_TIMEOUT_SECONDS = 30
+_TOOL_TIMEOUT_SECONDS = DEADLINE_SECONDS * PATIENCE
 
 SINGLE_CLICK_SECONDS = 0.3
 """The program takes two clicks for one where they follow each other in a quarter of a second."""
@@ -51,7 +51,7 @@ class Screen:
         found = self.xdotool("search", "--onlyvisible", "--name", f"^{re.escape(title)}$").split()
         return [Window(self, int(number)) for number in found]
 
-    def window(self, title, timeout=15.0):
+    def window(self, title, timeout=DEADLINE_SECONDS):
         """The window with this title, as soon as it is on screen."""
         return wait_until(lambda: self.windows(title), f'a window titled "{title}"', timeout)[0]
 
