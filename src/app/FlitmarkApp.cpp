@@ -25,13 +25,13 @@ using namespace std::chrono_literals;
 constexpr RunLoop::Duration busDelay = 50ms;
 
 /// Gives every window the colours to derive its own from. Where the toolkit knows the desktop's, those stay.
-void wearScheme(PortalColorScheme::Wish wish)
+void wearScheme(PortalColorScheme::Preference wish)
 {
     QGuiApplication::setPalette(QPalette());
     const Scheme known = desktopScheme();
-    if (wish == PortalColorScheme::Wish::Dark && known == Scheme::Light) {
+    if (wish == PortalColorScheme::Preference::Dark && known == Scheme::Light) {
         QGuiApplication::setPalette(QPalette(QColor(0x32, 0x32, 0x34), QColor(0x20, 0x20, 0x22)));
-    } else if (wish == PortalColorScheme::Wish::Light && known == Scheme::Dark) {
+    } else if (wish == PortalColorScheme::Preference::Light && known == Scheme::Dark) {
         QGuiApplication::setPalette(QPalette(QColor(0xef, 0xef, 0xef), QColor(0xf6, 0xf6, 0xf6)));
     }
 }

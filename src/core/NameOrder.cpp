@@ -36,7 +36,8 @@ QList<qsizetype> NameOrder::sorted(const QList<QStringView>& names) const
     for (const QStringView name : names) {
         keys.push_back(m_collator.sortKey(name.toString()));
     }
-    sortBy([&](qsizetype a, qsizetype b) { return keys[static_cast<size_t>(a)].compare(keys[static_cast<size_t>(b)]); });
+    sortBy(
+        [&](qsizetype a, qsizetype b) { return keys[static_cast<size_t>(a)].compare(keys[static_cast<size_t>(b)]); });
     return positions;
 }
 

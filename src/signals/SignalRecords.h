@@ -61,8 +61,8 @@ struct UserResponse
     bool operator==(const UserResponse&) const = default;
 };
 
-/// The bytes of an alert file with the status "acknowledged". Every other key keeps its value; what is no object becomes
-/// one with the status alone.
+/// The bytes of an alert file with the status "acknowledged". Every other key keeps its value; what is no object
+/// becomes one with the status alone.
 tl::expected<QByteArray, QString> acknowledgedAlert(const QByteArray& bytes);
 
 } // namespace flitmark

@@ -59,13 +59,13 @@ void PortalColorScheme::tell(const QVariant& value)
     }
     switch (inner.toUInt()) {
     case 1:
-        Q_EMIT told(Wish::Dark);
+        Q_EMIT told(Preference::Dark);
         break;
     case 2:
-        Q_EMIT told(Wish::Light);
+        Q_EMIT told(Preference::Light);
         break;
     default:
-        Q_EMIT told(Wish::None);
+        Q_EMIT told(Preference::None);
         break;
     }
 }

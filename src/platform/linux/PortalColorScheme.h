@@ -15,7 +15,7 @@ class PortalColorScheme final : public QObject
     Q_OBJECT
 
 public:
-    enum class Wish { None, Dark, Light };
+    enum class Preference { None, Dark, Light };
 
     explicit PortalColorScheme(QObject* parent);
     Q_DISABLE_COPY_MOVE(PortalColorScheme)
@@ -24,7 +24,7 @@ public:
     void start();
 
 Q_SIGNALS:
-    void told(Wish wish);
+    void told(Preference wish);
 
 private:
     // Found by its name, as the bus library asks for it. Before it has sent a variant, it takes no slots with variants.
