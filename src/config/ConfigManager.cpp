@@ -92,7 +92,7 @@ void ConfigManager::save()
 
 QString ConfigManager::getSaveDirectory(const QString& noteType) const
 {
-    const QString directory = saveDirectory(m_config, noteType);
+    QString directory = saveDirectory(m_config, noteType);
     const QString subfolder = subfolderOf(m_config, noteType);
     if (const auto real = resolveLinks(m_config.vaultPath + u'/' + subfolder); !directory.isEmpty() && !real) {
         printLine(QStringLiteral("Failed to look at the folder \"%1\" in the vault, notes go to \"%2\": %3")

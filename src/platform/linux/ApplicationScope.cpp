@@ -21,7 +21,6 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr QLatin1String applicationId("org.flitmark.Flitmark");
 constexpr QLatin1String service("org.freedesktop.systemd1");
 constexpr QLatin1String path("/org/freedesktop/systemd1");
 constexpr QLatin1String manager("org.freedesktop.systemd1.Manager");

@@ -20,6 +20,9 @@ class ApplicationScope final : public QObject
     Q_OBJECT
 
 public:
+    /// What desktops know the application by.
+    static constexpr QLatin1String applicationId{"org.flitmark.Flitmark"};
+
     ApplicationScope(QDBusConnection bus, RunLoop& runLoop, QObject* parent);
     Q_DISABLE_COPY_MOVE(ApplicationScope)
 

@@ -20,7 +20,6 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr QLatin1String connectionName("flitmark-hotkey");
-constexpr QLatin1String applicationId("org.flitmark.Flitmark");
 /// Desktops keep the user's key by these names: they never change.
 constexpr QLatin1String shortcutId("toggle-panel");
 constexpr QLatin1String sessionToken("flitmark");
@@ -148,7 +147,7 @@ void PortalKeyMonitor::bind()
     QDBusMessage message = QDBusMessage::createMethodCall(portal::service, portal::path,
                                                           QStringLiteral("org.freedesktop.host.portal.Registry"),
                                                           QStringLiteral("Register"));
-    message.setArguments({QString(applicationId), QVariantMap()});
+    message.setArguments({QString(ApplicationScope::applicationId), QVariantMap()});
     auto* call = new QDBusPendingCallWatcher(m_bus->asyncCall(message), this);
     connect(call, &QDBusPendingCallWatcher::finished, this, [this, call, attempt = ++m_attempt] {
         call->deleteLater();
