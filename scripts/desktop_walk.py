@@ -217,6 +217,8 @@ class Walk:
 
     def button_is_on_another_workspace(self):
         there, back = self.session.workspaces
+        # A key sent before the last one was answered may lead somewhere else.
+        pause(3)
         self.outer.key(there)
         pause(3)
         self.picture("workspace")
