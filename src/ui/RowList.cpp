@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include <ui/Fonts.h>
+#include <ui/RowChange.h>
 #include <ui/RowList.h>
 #include <ui/ThemeScope.h>
 
@@ -21,74 +22,6 @@ namespace {
 
 /// How many rows have widgets at either end, where Tab comes in, and on either side of the keyboard, where it goes on.
 constexpr qsizetype rowsForTab = 2;
-
-/// The rows whose texts changed: what stands before them is as it was, and as many after them.
-struct Change
-{
-    Change(const QStringList& old, const QStringList& now)
-        : grown(now.size() - old.size())
-    {
-        const qsizetype shorter = std::min(old.size(), now.size());
-        while (first < shorter && old[first] == now[first]) {
-            ++first;
-        }
-        while (after < shorter - first && old[old.size() - 1 - after] == now[now.size() - 1 - after]) {
-            ++after;
-        }
-    }
-
-    qsizetype first = 0;
-    qsizetype after = 0;
-    qsizetype grown;
-};
-
-/// Where the row of `old` that was at `from` is in `now`, not before `next`; -1 if it is gone.
-qsizetype findRow(const QStringList& old, const QStringList& now, const Change& change, qsizetype from, qsizetype next)
-{
-    if (from < change.first) {
-        return from;
-    }
-    if (from >= old.size() - change.after) {
-        return from + change.grown;
-    }
-    const qsizetype end = now.size() - change.after;
-    const auto isAt = [&](qsizetype place) { return place >= next && place < end && now[place] == old[from]; };
-    // Among equal texts the one at the same distance from an end.
-    for (const qsizetype place : {from, from + change.grown}) {
-        if (isAt(place)) {
-            return place;
-        }
-    }
-    const auto found = std::find(now.begin() + next, now.begin() + end, old[from]);
-    return found == now.begin() + end ? -1 : found - now.begin();
-}
-
-/// Where each of the rows of `old` at `places`, in their order, is shown in `now`; -1 for those without a place.
-QList<qsizetype> newPlaces(const QList<qsizetype>& places, const QStringList& old, const QStringList& now)
-{
-    const Change change(old, now);
-    QList<qsizetype> found;
-    qsizetype next = change.first;
-    for (const qsizetype from : places) {
-        found.append(findRow(old, now, change, from, next));
-        next = std::max(next, found.last() + 1);
-    }
-    // Those that are gone make way for what is new between the others.
-    qsizetype last = -1;
-    qsizetype moved = 0;
-    for (qsizetype i = 0; i < places.size(); ++i) {
-        if (found[i] < 0) {
-            const auto limit = std::find_if(found.begin() + i, found.end(), [](qsizetype place) { return place >= 0; });
-            const qsizetype place = std::max(last + 1, places[i] + moved);
-            found[i] = place < (limit == found.end() ? now.size() : *limit) ? place : -1;
-        }
-        if (found[i] >= 0) {
-            last = found[i];
-            moved = last - places[i];
-        }
-    }
-    return found;
-}
 
 /// Takes a row away once what is under way in it has come to its end.
 void retire(QWidget* row)
@@ -114,16 +47,16 @@ void RowList::setRows(const QStringList& texts)
 {
     const QScopedValueRollback busy(m_isBusy, true);
     const QStringList old = std::exchange(m_texts, texts);
-    const Change change(old, texts);
-    m_heights = m_heights.first(change.first) + QList<int>(texts.size() - change.first - change.after) +
-                m_heights.last(change.after);
+    const RowChange change(old, texts);
+    m_heights = m_heights.first(change.sameFirst()) +
+                QList<int>(texts.size() - change.sameFirst() - change.sameLast()) + m_heights.last(change.sameLast());
 
     const std::map<qsizetype, QWidget*> rows = std::exchange(m_rows, {});
     QList<qsizetype> places;
     for (const auto& [place, row] : rows) {
         places.append(place);
     }
-    places = newPlaces(places, old, texts);
+    places = change.newPlaces(places);
     for (const auto& [from, row] : rows) {
         const qsizetype place = places.takeFirst();
         QWidget* const shown = place < 0 ? nullptr : m_showRow(place, row);
