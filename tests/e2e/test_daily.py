@@ -54,7 +54,8 @@ class DailyTest(SetUpCase):
         expected = "first line\n" + NOTE.replace("## Tasks\n", "## Tasks\nWritten outside\n").replace(
             "- [ ] Write", "- [x] Write") + "appended\n"
         self.assertEqual(self.note.read_text(), expected)
-        self.assertEqual([path.name for path in self.note.parent.iterdir()], [self.note.name])
+        # The old file goes right after the new one has taken its name.
+        wait_until(lambda: list(self.note.parent.iterdir()) == [self.note], "the note alone in its folder")
         self.assertEqual([line for line in self.program.output().splitlines() if "SignalManager: " not in line], [])
 
     def test_a_very_long_note_keeps_nobody_waiting(self):
