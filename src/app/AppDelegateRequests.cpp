@@ -169,6 +169,7 @@ void AppDelegate::showSettingsWindow()
                 .loginItemManager = m_services.loginItemManager,
                 .updateController = m_services.updateController,
                 .notificationCenter = m_services.notificationCenter,
+                .dailyNoteManager = m_services.dailyNoteManager,
             },
             m_services.dialogs, HelpServices{m_services.directories, m_services.keyMonitor, m_services.workspace});
         // Its closing is the caller: it goes when that has returned.

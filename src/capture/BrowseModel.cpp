@@ -142,9 +142,17 @@ void BrowseModel::loadDemoItems()
 void BrowseModel::openNoteInObsidian(const NoteFile& note)
 {
     const std::optional<QUrl> link = obsidianLink(m_configManager.config().vaultPath, note.url());
-    if (!link || !m_workspace.open(*link)) {
-        m_workspace.open(QUrl::fromLocalFile(note.url()));
+    m_unopenedNote = note.url();
+    if (!link) {
+        openFile(); // Its name can't be written in a link.
+    } else if (!m_workspace.open(*link)) {
+        Q_EMIT noProgramFound();
     }
+}
+
+void BrowseModel::openFile()
+{
+    m_workspace.open(QUrl::fromLocalFile(m_unopenedNote));
 }
 
 void BrowseModel::activate(qsizetype index)

@@ -54,8 +54,10 @@ public:
     /// Goes back to the folder at `index` of the stack. Does nothing when there is none.
     void navigateToPath(qsizetype index);
     void navigateToRoot();
-    /// Opens the note in Obsidian; where that can't be, with the desktop's application for its file.
+    /// Opens the note in Obsidian. Where no program opens such links, `noProgramFound` says so.
     void openNoteInObsidian(const NoteFile& note);
+    /// Opens the note that could not be opened in Obsidian with the desktop's program for its file.
+    void openFile();
     /// What a click on the item at `index` does: goes into a folder, opens a note. Nothing for an index without an
     /// item.
     void activate(qsizetype index);
@@ -64,6 +66,7 @@ Q_SIGNALS:
     /// The current folder or the stack changed.
     void currentBrowsePathChanged();
     void browseItemsChanged();
+    void noProgramFound();
 
 private:
     void setPath(const QStringList& stack);
@@ -79,6 +82,7 @@ private:
     std::optional<QString> m_currentBrowsePath;
     QStringList m_browsePathStack;
     QList<VaultItem> m_browseItems;
+    QString m_unopenedNote;
     /// Those of the items looked at last, by index.
     QCache<qsizetype, QString> m_previews;
     /// Made for the first listing.

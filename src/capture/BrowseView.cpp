@@ -7,6 +7,7 @@
 #include <capture/BrowseView.h>
 #include <ui/IconButton.h>
 #include <ui/Label.h>
+#include <ui/NoProgramBar.h>
 #include <ui/Surfaces.h>
 
 #include <QStackedLayout>
@@ -37,12 +38,18 @@ BrowseView::BrowseView(BrowseModel& model)
     layout->setSpacing(0);
     layout->addWidget(makeHead());
     layout->addWidget(new Divider);
+    auto* noProgram = new NoProgramBar;
+    layout->addWidget(noProgram);
     layout->addLayout(m_body, 1);
     layout->addWidget(new Divider);
     layout->addWidget(m_summary);
     // Read in the order in which it is seen.
     m_summary->raise();
 
+    connect(&model, &BrowseModel::noProgramFound, noProgram, &QWidget::show);
+    connect(noProgram, &NoProgramBar::openFileAsked, &model, &BrowseModel::openFile);
+    connect(noProgram, &NoProgramBar::openFileAsked, noProgram, &QWidget::hide);
+    connect(&model, &BrowseModel::currentBrowsePathChanged, noProgram, &QWidget::hide);
     connect(&model, &BrowseModel::browseItemsChanged, this, &BrowseView::showItems);
     showItems();
 }

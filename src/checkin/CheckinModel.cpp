@@ -87,7 +87,8 @@ void CheckinModel::setMode(Mode mode, const QString& text)
 QString CheckinModel::focusToLog() const
 {
     const QString& focus = m_dailyNoteManager.todayNote().focus;
-    return focus.isEmpty() ? QStringLiteral("Working") : focus;
+    const QString task = m_dailyNoteManager.runningTask();
+    return !focus.isEmpty() ? focus : !task.isEmpty() ? task : QStringLiteral("Working");
 }
 
 void CheckinModel::completePomodoro()

@@ -39,12 +39,10 @@ std::optional<QString> percentEncoded(const QString& text)
     return encoded;
 }
 
-} // namespace
-
-std::optional<QUrl> obsidianLink(QString vaultPath, QString notePath)
+/// The link that asks for `action` in the vault at `vaultPath`, on the note at `notePath` in it unless that is empty.
+std::optional<QUrl> linkTo(QStringView action, QString vaultPath, QString notePath)
 {
     vaultPath = QDir::cleanPath(vaultPath);
-    notePath = QDir::cleanPath(notePath);
     if (vaultPath.endsWith(u'/')) {
         vaultPath.chop(1); // the root
     }
@@ -59,8 +57,31 @@ std::optional<QUrl> obsidianLink(QString vaultPath, QString notePath)
     if (!vault || !note || !notePath.isValidUtf16() || !vaultPath.isValidUtf16()) {
         return std::nullopt;
     }
-    QUrl url(QStringLiteral("obsidian://open?vault=") + *vault + QStringLiteral("&file=") + *note, QUrl::StrictMode);
+    const QString file = note->isEmpty() ? QString() : QStringLiteral("&file=") + *note;
+    QUrl url(QStringLiteral("obsidian://%1?vault=").arg(action) + *vault + file, QUrl::StrictMode);
     return url.isValid() ? std::optional(std::move(url)) : std::nullopt;
+}
+
+} // namespace
+
+std::optional<QUrl> obsidianLink(const QString& vaultPath, const QString& notePath)
+{
+    return linkTo(u"open", vaultPath, QDir::cleanPath(notePath));
+}
+
+std::optional<QUrl> obsidianNoteLink(const QString& vaultPath, const QString& name)
+{
+    return linkTo(u"open", vaultPath, name);
+}
+
+std::optional<QUrl> obsidianDailyLink(const QString& vaultPath)
+{
+    return linkTo(u"daily", vaultPath, QString());
+}
+
+std::optional<QUrl> obsidianNewNoteLink(const QString& vaultPath, const QString& note)
+{
+    return linkTo(u"new", vaultPath, note);
 }
 
 } // namespace flitmark

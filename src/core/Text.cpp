@@ -136,7 +136,10 @@ bool LineReader::next()
     if (m_isAtEnd) {
         return false;
     }
-    const qsizetype end = findLineBreak(m_rest);
+    qsizetype end = findLineBreak(m_rest);
+    while (m_breaks == LineBreaks::LfAndCr && end < m_rest.size() && m_rest[end] != u'\n' && m_rest[end] != u'\r') {
+        end += 1 + findLineBreak(m_rest.sliced(end + 1));
+    }
     m_line = m_rest.first(end);
     ++m_number;
     m_isAtEnd = end == m_rest.size();
@@ -147,10 +150,10 @@ bool LineReader::next()
     return true;
 }
 
-QList<QStringView> splitLines(QStringView text)
+QList<QStringView> splitLines(QStringView text, LineBreaks breaks)
 {
     QList<QStringView> lines;
-    for (LineReader reader(text); reader.next();) {
+    for (LineReader reader(text, breaks); reader.next();) {
         lines.append(reader.line());
     }
     return lines;

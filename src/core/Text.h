@@ -33,12 +33,21 @@ QString shortened(const QString& text);
 /// or does not fit.
 std::optional<qint64> parseInteger(QStringView text);
 
+/// What ends a line. CR LF is one break.
+enum class LineBreaks {
+    /// Every character that `isLineBreak` names.
+    All,
+    /// LF and CR.
+    LfAndCr,
+};
+
 /// Walks the lines of a text from the first to the last, in the way of `splitLines`, without storing them.
 class LineReader
 {
 public:
-    explicit LineReader(QStringView text)
+    explicit LineReader(QStringView text, LineBreaks breaks = LineBreaks::All)
         : m_rest(text)
+        , m_breaks(breaks)
     {
     }
 
@@ -51,13 +60,14 @@ public:
 
 private:
     QStringView m_rest;
+    LineBreaks m_breaks;
     QStringView m_line;
     qint64 m_number = -1;
     bool m_isAtEnd = false;
 };
 
-/// Cuts `text` at every line break, CR LF being one. A text that ends with a break has an empty last line, so the
-/// result is never empty. The views point into `text`.
-QList<QStringView> splitLines(QStringView text);
+/// Cuts `text` at every line break. A text that ends with a break has an empty last line, so the result is never empty.
+/// The views point into `text`.
+QList<QStringView> splitLines(QStringView text, LineBreaks breaks = LineBreaks::All);
 
 } // namespace flitmark

@@ -30,9 +30,11 @@ public:
     static tl::expected<QString, VaultPathResolverError>
     saveDirectory(const QString& vaultURL, const QString& subfolder, const QString& fallbackSubfolder);
 
+    /// Whether `candidate` lies in the folder `base`, or is it, once all links in both are followed.
+    static bool isContained(const QString& candidate, const QString& base);
+
 private:
     static tl::expected<QStringList, VaultPathResolverError> sanitizedPathComponents(const QString& subfolder);
-    static bool isContained(const QString& candidate, const QString& base);
 };
 
 } // namespace flitmark

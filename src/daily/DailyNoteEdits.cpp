@@ -5,8 +5,6 @@
 #include <daily/DailyNoteEdits.h>
 #include <daily/NoteLines.h>
 
-#include <QTextBoundaryFinder>
-
 #include <algorithm>
 
 namespace flitmark {
@@ -52,46 +50,6 @@ std::optional<qsizetype> focusLine(const Lines& lines)
         }
     }
     return std::nullopt;
-}
-
-/// True for what can make one character of two: marks, joiners and other invisible signs, skin tones.
-bool canJoin(char32_t c)
-{
-    const QChar::Category category = QChar::category(c);
-    return category <= QChar::Mark_Enclosing || category == QChar::Other_Format || category == QChar::Symbol_Modifier;
-}
-
-/// True when the emoji at `position` of `text`, `length` code units long, is a character of its own as a person counts.
-/// Qt's boundary finder is asked only where a neighbour may join it: over whole lines it takes an emoji for part of the
-/// Thai, Hindi or Burmese word beside it.
-bool isCharacter(QStringView text, qsizetype position, qsizetype length)
-{
-    constexpr qsizetype context = 16;
-    const QStringView before = text.first(position).last(qMin(position, context));
-    const QStringView after = text.sliced(position + length).first(qMin(text.size() - position - length, context));
-    const bool isJoinedBefore = !before.isEmpty() && before.back().category() == QChar::Other_Format;
-    const QList<uint> next = after.first(qMin<qsizetype>(after.size(), 2)).toUcs4();
-    const bool isJoinedAfter = !next.isEmpty() && canJoin(next.front());
-    if (!isJoinedBefore && !isJoinedAfter) {
-        return true;
-    }
-    const qsizetype start = isJoinedBefore ? position - before.size() : position;
-    const qsizetype end = position + length + (isJoinedAfter ? after.size() : 0);
-    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text.sliced(start, end - start));
-    finder.setPosition(position - start);
-    return finder.isAtBoundary() && finder.toNextBoundary() == position - start + length;
-}
-
-/// Calls `visit` with the position of every tomato in `line` that is a character of its own.
-template<typename Visit>
-void forEachTomato(QStringView line, Visit visit)
-{
-    const qsizetype length = tomato.size();
-    for (qsizetype at = line.indexOf(tomato); at >= 0; at = line.indexOf(tomato, at + length)) {
-        if (isCharacter(line, at, length)) {
-            visit(at);
-        }
-    }
 }
 
 bool isHeading(QStringView line)
@@ -167,8 +125,7 @@ LineChanges DailyNoteEdits::addPomodoroEntry(const Lines& lines, qint64 number, 
         } else if (!isInside) {
             continue;
         } else if (trimmed.contains(u"Today:")) {
-            changes.append(
-                {Kind::Replace, i, QStringLiteral("**Today:** %1/%2 completed").arg(number).arg(dailyTarget)});
+            changes.append({Kind::Replace, i, tallyLine(number)});
         } else if (trimmed.startsWith(u'|')) {
             rowAt = i + 1;
             hasRow = hasRow || !trimmed.contains(u"---");
@@ -179,11 +136,20 @@ LineChanges DailyNoteEdits::addPomodoroEntry(const Lines& lines, qint64 number, 
     if (hasRow) {
         const auto after =
             std::find_if(changes.cbegin(), changes.cend(), [&](const auto& c) { return c.line >= rowAt; });
-        changes.insert(after, {Kind::Insert, rowAt,
-                               QStringLiteral("| ") + QString::number(number) + QStringLiteral(" | ") + time +
-                                   QStringLiteral(" | ") + focus + QStringLiteral(" |")});
+        changes.insert(after, {Kind::Insert, rowAt, logRow(number, time, focus)});
     }
     return changes;
+}
+
+QString DailyNoteEdits::tallyLine(qint64 number)
+{
+    return QStringLiteral("**Today:** %1/%2 completed").arg(number).arg(dailyTarget);
+}
+
+QString DailyNoteEdits::logRow(qint64 number, const QString& time, const QString& focus)
+{
+    return QStringLiteral("| ") + QString::number(number) + QStringLiteral(" | ") + time + QStringLiteral(" | ") +
+           focus + QStringLiteral(" |");
 }
 
 std::optional<LineChanges> DailyNoteEdits::toggleTask(const Lines& lines, qint64 line)
@@ -237,12 +203,13 @@ std::optional<LineChanges> DailyNoteEdits::removePomodoroFromTask(const Lines& l
     const QStringView old = lines[line];
     std::optional<qsizetype> last;
     std::optional<qsizetype> lastAfterSpace;
-    forEachTomato(old, [&](qsizetype at) {
+    const QList<qsizetype> tomatoes = tomatoesIn(old);
+    for (const qsizetype at : tomatoes) {
         last = at;
         if (at > 0 && old[at - 1] == u' ') {
             lastAfterSpace = at;
         }
-    });
+    }
     if (!last) {
         return std::nullopt;
     }
@@ -253,9 +220,7 @@ std::optional<LineChanges> DailyNoteEdits::removePomodoroFromTask(const Lines& l
 
 qint64 DailyNoteEdits::pomodoroCount(QStringView line)
 {
-    qint64 count = 0;
-    forEachTomato(line, [&](qsizetype) { ++count; });
-    return count;
+    return tomatoesIn(line).size();
 }
 
 std::optional<qint64> DailyNoteEdits::findLine(const Lines& lines, const Lines& before, qint64 line)

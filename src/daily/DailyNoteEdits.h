@@ -61,6 +61,10 @@ public:
     /// for a line without a check box or a tomato.
     static std::optional<LineChanges> removePomodoroFromTask(const Lines& lines, qint64 line);
 
+    /// The tally of `number` Pomodoros, and the log's row for the last of them, as we write them.
+    static QString tallyLine(qint64 number);
+    static QString logRow(qint64 number, const QString& time, const QString& focus);
+
     /// How many characters of `line` are tomatoes, a character being what a person sees as one.
     static qint64 pomodoroCount(QStringView line);
 

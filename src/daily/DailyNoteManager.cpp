@@ -11,8 +11,7 @@
 #include <platform/RunLoop.h>
 #include <platform/Workspace.h>
 
-#include <QDir>
-#include <QFileInfo>
+#include <QLocale>
 
 namespace flitmark {
 
@@ -22,6 +21,8 @@ using namespace std::chrono_literals;
 
 // Long enough for an editor to finish what it is writing.
 constexpr auto reloadDelay = 500ms;
+// Long enough for Obsidian to start and to make a note.
+constexpr int looksForNewNote = 30;
 
 } // namespace
 
@@ -42,23 +43,68 @@ DailyNoteManager::~DailyNoteManager()
     m_fileWatcher.reset();
 }
 
-QString DailyNoteManager::getTodayNotePath() const
+DailyNotePlace DailyNoteManager::locate() const
 {
-    QString vault = m_configManager.config().vaultPath;
-    while (vault.endsWith(u'/')) {
-        vault.chop(1);
-    }
-    const QDate today = m_runLoop.now().date();
-    // In ASCII digits whatever the language, as the notes of other programs are named.
-    const QString path = vault + today.toString(u"'/Daily/'yyyy'/'yyyy-MM-dd'.md'");
-    return QDir::isAbsolutePath(path) ? path : QDir::currentPath() + u'/' + path;
+    return placeIn(m_configManager.config().vaultPath);
 }
 
-void DailyNoteManager::openInObsidian()
+DailyNotePlace DailyNoteManager::placeIn(const QString& vault) const
 {
-    if (const auto link = obsidianLink(m_configManager.config().vaultPath, m_todayNote.path)) {
-        m_workspace.open(*link);
+    return m_locator.locate(vault, m_runLoop.now().date(), QLocale::system().uiLanguages());
+}
+
+bool DailyNoteManager::openInObsidian()
+{
+    const auto link = obsidianLink(m_configManager.config().vaultPath, m_todayNote.path);
+    return !link || m_workspace.open(*link);
+}
+
+bool DailyNoteManager::createInObsidian()
+{
+    const DailyNotePlace place = locate();
+    const QString& vault = m_configManager.config().vaultPath;
+    const auto link =
+        place.rule == DailyNoteRule::DailyNotes ? obsidianDailyLink(vault) : obsidianNewNoteLink(vault, place.newNote);
+    if (link && !m_workspace.open(*link)) {
+        return false;
     }
+    lookForNewNote(looksForNewNote);
+    return true;
+}
+
+void DailyNoteManager::lookForNewNote(int looksLeft)
+{
+    if (looksLeft == 0 || m_todayNote.exists) {
+        return;
+    }
+    m_runLoop.after(1s, this, [this, looksLeft] {
+        if (locate().exists) {
+            loadTodayNote();
+        } else {
+            lookForNewNote(looksLeft - 1);
+        }
+    });
+}
+
+bool DailyNoteManager::openLink(const TextSpan& link)
+{
+    if (link.kind == TextSpan::Kind::WebLink) {
+        return m_workspace.open(QUrl(link.target));
+    }
+    // A heading of this note is named without the note.
+    const QString note = link.target.startsWith(u'#') ? m_todayNote.pathInVault + link.target : link.target;
+    const auto url = obsidianNoteLink(m_configManager.config().vaultPath, note);
+    return !url || m_workspace.open(*url);
+}
+
+QString DailyNoteManager::runningTask() const
+{
+    return m_todayNote.rule == DailyNoteRule::FixedPlace ? QString() : m_runningTask;
+}
+
+void DailyNoteManager::openFile()
+{
+    m_workspace.open(QUrl::fromLocalFile(m_todayNote.path));
 }
 
 DailyNoteManager::Parsed DailyNoteManager::parseMarkdown(const QString& content)
@@ -66,9 +112,9 @@ DailyNoteManager::Parsed DailyNoteManager::parseMarkdown(const QString& content)
     return parseDailyNote(content);
 }
 
-tl::expected<DailyNoteManager::Loaded, QString> DailyNoteManager::readNote(const QString& path)
+tl::expected<DailyNoteManager::Loaded, QString> DailyNoteManager::readNote(const DailyNote& place)
 {
-    auto bytes = readFile(path);
+    auto bytes = readFile(place.path);
     if (!bytes) {
         return tl::unexpected(bytes.error().message);
     }
@@ -77,8 +123,8 @@ tl::expected<DailyNoteManager::Loaded, QString> DailyNoteManager::readNote(const
         return tl::unexpected(QStringLiteral("The file is not valid UTF-8 text."));
     }
     Loaded loaded;
-    static_cast<ParsedDailyNote&>(loaded.note) = parseDailyNote(*text);
-    loaded.note.path = path;
+    loaded.note = place;
+    static_cast<ParsedDailyNote&>(loaded.note) = layoutOf(place.rule).parse(*text);
     loaded.note.exists = true;
     loaded.note.content = *std::move(text);
     loaded.bytes = *std::move(bytes);
@@ -89,18 +135,22 @@ void DailyNoteManager::loadTodayNote()
 {
     setLoading(true);
     setLastError(std::nullopt);
-    const QString path = getTodayNotePath();
-    m_loadedPath = path;
-    if (!QFileInfo::exists(path)) {
-        Loaded missing;
-        missing.note.path = path;
+    const DailyNotePlace place = locate();
+    m_loadedPath = place.path;
+    Loaded missing;
+    missing.note.path = place.path;
+    missing.note.rule = place.rule;
+    missing.note.pathInVault = place.pathInVault;
+    missing.note.places = place.places;
+    missing.note.newNote = place.newNote;
+    if (!place.exists) {
         missing.note.focus = QStringLiteral("No daily note for today");
         m_runLoop.async(this, [this, missing] { publish(missing); });
         return;
     }
     // Opened before the note is read, so that nothing written from now on goes unseen.
-    Watch watch = openWatch(path);
-    const auto loaded = readNote(path);
+    Watch watch = openWatch(place.path);
+    const auto loaded = readNote(missing.note);
     if (!loaded) {
         m_runLoop.async(this, [this, reason = loaded.error()] {
             fail(QStringLiteral("Failed to load daily note: ") + reason);

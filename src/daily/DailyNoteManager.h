@@ -3,8 +3,8 @@
 
 #pragma once
 
-#include <daily/DailyNote.h>
-#include <daily/DailyNoteEdits.h>
+#include <daily/DailyNoteLocator.h>
+#include <daily/NoteLayout.h>
 #include <platform/FileEventSource.h>
 
 #include <QHash>
@@ -60,11 +60,22 @@ public:
     /// The descriptor that the note's file is watched on; -1 when it is not watched.
     int watchedFileDescriptor() const { return m_fileWatcher ? m_fileWatcher->descriptor() : -1; }
 
-    /// Where today's note is, by the current date and the configured vault. It need not exist.
-    QString getTodayNotePath() const;
+    /// Where today's note is, by the current date, the configured vault and Obsidian's settings in it. It need not
+    /// exist.
+    QString getTodayNotePath() const { return locate().path; }
 
-    /// Opens the published note in Obsidian, whether it exists or not. Nothing is said of the outcome.
-    void openInObsidian();
+    /// Where it is, or would be, in the vault at `vault`.
+    DailyNotePlace placeIn(const QString& vault) const;
+
+    /// Opens the published note in Obsidian, whether it exists or not. False where no program opens such links.
+    bool openInObsidian();
+    /// Has Obsidian make today's note, where its settings put it, and looks for it once a second for half a minute.
+    /// False where no program opens such links.
+    bool createInObsidian();
+    /// Opens a link of the published note: another note in Obsidian, or an address. False where no program does.
+    bool openLink(const TextSpan& link);
+    /// Opens the published note with the desktop's program for its file.
+    void openFile();
 
     static Parsed parseMarkdown(const QString& content);
 
@@ -84,6 +95,10 @@ public:
     bool removePomodoroFromTask(qint64 lineNumber);
     /// How many tomatoes the line shows; 0 for a line that isn't there.
     qint64 pomodoroCountForTask(qint64 lineNumber) const;
+    /// The text of the task whose Pomodoro runs, for a log that has no focus to name; empty for none. In the planned
+    /// layout none is named.
+    void setRunningTask(const QString& text) { m_runningTask = text; }
+    QString runningTask() const;
 
 Q_SIGNALS:
     void todayNoteChanged();
@@ -101,13 +116,16 @@ private:
         /// The file held something else than the note that is published.
         bool isFresh = false;
     };
-    using Lines = DailyNoteEdits::Lines;
+    using Lines = NoteLayout::Lines;
     /// An edit of the lines of a note; an error is what to tell the user.
-    using Edit = std::function<tl::expected<LineChanges, QString>(const ParsedDailyNote& note, const Lines& lines)>;
-    using TaskEdit = std::optional<LineChanges> (*)(const Lines& lines, qint64 line);
+    using Edit = std::function<NoteLayout::Result(const DailyNote& note, const Lines& lines)>;
     using Watch = tl::expected<std::unique_ptr<FileEventSource>, FileError>;
 
-    static tl::expected<Loaded, QString> readNote(const QString& path);
+    DailyNotePlace locate() const;
+    void lookForNewNote(int looksLeft);
+    const NoteLayout& layout() const { return layoutOf(m_todayNote.rule); }
+    /// The note at the path, and by the rule, of `place`, which may be another note's.
+    static tl::expected<Loaded, QString> readNote(const DailyNote& place);
     Watch openWatch(const QString& path);
     void adoptWatch(Watch watch);
     void publish(Loaded loaded);
@@ -121,14 +139,17 @@ private:
     std::optional<Loaded> write(const QString& prefix, const Edit& edit);
     tl::expected<Loaded, QString> tryToWrite(const QString& prefix, const Edit& edit, bool& isFresh);
     bool writeAndReload(const QString& prefix, const Edit& edit);
-    bool editTask(const QString& prefix, qint64 lineNumber, TaskEdit edit);
+    bool editTask(const QString& prefix, qint64 lineNumber, NoteLayout::TaskEdit edit);
 
     const ConfigManager& m_configManager;
     SignalManager& m_signalManager;
     RunLoop& m_runLoop;
     FileEventSources& m_fileEvents;
     Workspace& m_workspace;
+    /// Remembers what it has printed of settings.
+    mutable DailyNoteLocator m_locator;
     DailyNote m_todayNote;
+    QString m_runningTask;
     /// Where the last load looked. The published note is elsewhere until that load has published, or where it can't.
     QString m_loadedPath;
     /// The bytes of the file that `m_todayNote` was read from or written to.

@@ -3,7 +3,6 @@
 
 #include <core/Text.h>
 #include <daily/DailyNoteManager.h>
-#include <daily/DailyNoteParser.h>
 #include <daily/NoteBytes.h>
 #include <platform/Files.h>
 #include <platform/RunLoop.h>
@@ -32,19 +31,19 @@ tl::expected<DailyNoteManager::Loaded, QString> DailyNoteManager::tryToWrite(con
         }
         if (*onDisk != base.bytes) {
             isFresh = true;
-            auto fresh = readNote(base.note.path);
+            auto fresh = readNote(base.note);
             if (!fresh) {
                 return tl::unexpected(prefix + fresh.error());
             }
             base = *std::move(fresh);
         }
-        const Lines lines = splitLines(base.note.content);
+        const Lines lines = linesOf(base.note);
         const auto changes = edit(base.note, lines);
         if (!changes) {
             return tl::unexpected(changes.error());
         }
         Loaded written = base;
-        written.note.content = DailyNoteEdits::apply(lines, *changes);
+        written.note.content = layout().apply(lines, *changes);
         written.bytes = noteBytes(written.note.content, base.bytes);
         written.isFresh = isFresh;
         const auto outcome = replaceFileIfUnchanged(base.note.path, base.bytes, written.bytes);
@@ -92,9 +91,7 @@ bool DailyNoteManager::updateFocus(const QString& newFocus)
     if (trimSpaces(focus).isEmpty()) {
         return false;
     }
-    const auto edit = [&](const ParsedDailyNote&, const Lines& lines) -> tl::expected<LineChanges, QString> {
-        return DailyNoteEdits::updateFocus(lines, focus);
-    };
+    const auto edit = [&](const DailyNote&, const Lines& lines) { return layout().updateFocus(lines, focus); };
     const std::optional<Loaded> written = write(QStringLiteral("Failed to update focus: "), edit);
     if (!written) {
         if (focus != m_todayNote.focus) {
@@ -108,14 +105,14 @@ bool DailyNoteManager::updateFocus(const QString& newFocus)
         if (m_todayNote.path != written.note.path) {
             return;
         }
-        const auto lineCount = [](const QString& content) { return splitLines(content).size(); };
-        if (written.isFresh || lineCount(written.note.content) != lineCount(m_todayNote.content)) {
-            // The published tasks would name other lines.
-            static_cast<ParsedDailyNote&>(m_todayNote) = parseDailyNote(written.note.content);
+        const bool isOwn = written.note.rule != DailyNoteRule::FixedPlace;
+        if (isOwn || written.isFresh || linesOf(written.note).size() != linesOf(m_todayNote).size()) {
+            // The published tasks would name other lines; in the own layout the focus may be one of them.
+            static_cast<ParsedDailyNote&>(m_todayNote) = layout().parse(written.note.content);
             m_editedTasks.clear();
         }
         m_todayNote.content = written.note.content;
-        m_todayNote.focus = focus;
+        m_todayNote.focus = isOwn ? m_todayNote.focus : focus;
         m_bytes = written.bytes;
         Q_EMIT todayNoteChanged();
     });
@@ -126,29 +123,22 @@ bool DailyNoteManager::updateFocus(const QString& newFocus)
 bool DailyNoteManager::addPomodoroEntry(const QString& focus)
 {
     const QString time = m_runLoop.now().toString(u"HH:mm");
-    return writeAndReload(QStringLiteral("Failed to add pomodoro entry: "),
-                          [&](const ParsedDailyNote& note, const Lines& lines) -> tl::expected<LineChanges, QString> {
-                              const qint64 number =
-                                  qMin(note.pomodoroCount, std::numeric_limits<qint64>::max() - 1) + 1;
-                              return DailyNoteEdits::addPomodoroEntry(lines, number, time, focus);
-                          });
+    return writeAndReload(
+        QStringLiteral("Failed to add pomodoro entry: "), [&](const DailyNote& note, const Lines& lines) {
+            const qint64 number = qMin(note.pomodoroCount, std::numeric_limits<qint64>::max() - 1) + 1;
+            return layout().addPomodoroEntry(lines, number, time, focus);
+        });
 }
 
 bool DailyNoteManager::addNewTask(const QString& text)
 {
     return writeAndReload(QStringLiteral("Failed to add new task: "),
-                          [&](const ParsedDailyNote&, const Lines& lines) -> tl::expected<LineChanges, QString> {
-                              auto changes = DailyNoteEdits::addNewTask(lines, text);
-                              if (!changes) {
-                                  return tl::unexpected(QStringLiteral("Could not find tasks section in daily note"));
-                              }
-                              return *std::move(changes);
-                          });
+                          [&](const DailyNote&, const Lines& lines) { return layout().addNewTask(lines, text); });
 }
 
-bool DailyNoteManager::editTask(const QString& prefix, qint64 lineNumber, TaskEdit edit)
+bool DailyNoteManager::editTask(const QString& prefix, qint64 lineNumber, NoteLayout::TaskEdit edit)
 {
-    Lines shown = splitLines(m_todayNote.content);
+    Lines shown = linesOf(m_todayNote);
     if (!m_todayNote.exists || lineNumber < 0 || lineNumber >= shown.size()) {
         return false;
     }
@@ -160,7 +150,7 @@ bool DailyNoteManager::editTask(const QString& prefix, qint64 lineNumber, TaskEd
         return false;
     }
     const bool isWritten =
-        write(prefix, [&](const ParsedDailyNote&, const Lines& lines) -> tl::expected<LineChanges, QString> {
+        write(prefix, [&](const DailyNote&, const Lines& lines) -> NoteLayout::Result {
             const auto found = DailyNoteEdits::findLine(lines, shown, lineNumber);
             if (!found) {
                 return tl::unexpected(prefix + QStringLiteral("The note was changed by another program, and which line "
@@ -177,18 +167,18 @@ bool DailyNoteManager::editTask(const QString& prefix, qint64 lineNumber, TaskEd
 
 bool DailyNoteManager::toggleTask(qint64 lineNumber)
 {
-    return editTask(QStringLiteral("Failed to toggle task: "), lineNumber, DailyNoteEdits::toggleTask);
+    return editTask(QStringLiteral("Failed to toggle task: "), lineNumber, layout().toggleTask);
 }
 
 bool DailyNoteManager::addPomodoroToTask(qint64 lineNumber)
 {
-    return editTask(QStringLiteral("Failed to add pomodoro to task: "), lineNumber, DailyNoteEdits::addPomodoroToTask);
+    return editTask(QStringLiteral("Failed to add pomodoro to task: "), lineNumber, layout().addPomodoroToTask);
 }
 
 bool DailyNoteManager::removePomodoroFromTask(qint64 lineNumber)
 {
     return editTask(QStringLiteral("Failed to remove pomodoro from task: "), lineNumber,
-                    DailyNoteEdits::removePomodoroFromTask);
+                    layout().removePomodoroFromTask);
 }
 
 qint64 DailyNoteManager::pomodoroCountForTask(qint64 lineNumber) const
@@ -196,7 +186,7 @@ qint64 DailyNoteManager::pomodoroCountForTask(qint64 lineNumber) const
     if (!m_todayNote.exists || lineNumber < 0) {
         return 0;
     }
-    LineReader reader(m_todayNote.content);
+    LineReader reader(m_todayNote.content, layout().breaks);
     while (reader.next()) {
         if (reader.number() == lineNumber) {
             return DailyNoteEdits::pomodoroCount(reader.line());

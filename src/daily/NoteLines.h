@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QList>
 #include <QStringView>
 #include <QVarLengthArray>
 
@@ -12,6 +13,9 @@ namespace flitmark {
 
 /// The mark of a finished Pomodoro.
 inline constexpr QStringView tomato = u"🍅";
+
+/// Where in `line` tomatoes stand, a character being what a person sees as one: not those that are a part of another.
+QList<qsizetype> tomatoesIn(QStringView line);
 
 /// A text in lower case, for looking up several words in it.
 class LowerCased

@@ -6,6 +6,7 @@
 #include <config/VaultGuess.h>
 #include <core/Text.h>
 #include <core/TimeOfDay.h>
+#include <daily/DailyNoteManager.h>
 #include <platform/AppUpdateController.h>
 #include <platform/LoginItemManager.h>
 #include <platform/NotificationCenter.h>
@@ -173,6 +174,15 @@ QString SettingsModel::saveFolder() const
 {
     const QString subfolder = m_state.saveSubfolder.isEmpty() ? QStringLiteral("Inbox") : m_state.saveSubfolder;
     return m_state.vaultPath + u'/' + subfolder + u'/';
+}
+
+QString SettingsModel::dailyNotePlace() const
+{
+    if (!vaultPathProblem().isEmpty()) {
+        return {};
+    }
+    const DailyNotePlace place = m_services.dailyNoteManager.placeIn(m_state.vaultPath);
+    return place.exists ? place.pathInVault : place.newNote;
 }
 
 QString SettingsModel::captureFolder() const

@@ -15,6 +15,7 @@ namespace flitmark {
 
 class AppUpdateController;
 class CheckinWindowController;
+class DailyNoteManager;
 class LoginItemManager;
 class NotificationCenter;
 class SignalManager;
@@ -67,6 +68,7 @@ public:
         LoginItemManager& loginItemManager;
         AppUpdateController& updateController;
         NotificationCenter& notificationCenter;
+        const DailyNoteManager& dailyNoteManager;
     };
 
     explicit SettingsModel(const Services& services);
@@ -99,6 +101,9 @@ public:
     QString vaultPathProblem() const;
     /// The folder into which notes would be saved, as a text for the user.
     QString saveFolder() const;
+    /// Where in the vault today's note is, or would be, as a text for the user; empty where the vault's path has a
+    /// problem.
+    QString dailyNotePlace() const;
     /// The folder into which captures would be saved, whatever is typed; empty when the vault's path is not absolute.
     QString captureFolder() const;
 

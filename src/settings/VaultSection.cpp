@@ -29,16 +29,19 @@ VaultSection::VaultSection(SettingsModel& model, Dialogs& dialogs)
     add(subfolder, 0);
     Label* destination = addCaption({});
     addCaption(tr("What you write in the panel has a folder of its own, on the Notes page."), 4);
+    Label* dailyNote = addCaption({});
     finish();
 
     bind(path, &SettingsState::vaultPath);
     bind(subfolder, &SettingsState::saveSubfolder);
     connect(browse, &Button::clicked, this, &VaultSection::browseForFolder);
-    follow([this, path, problem, destination] {
+    follow([this, path, problem, destination, dailyNote] {
         const QString text = this->model().vaultPathProblem();
         showWarning(*problem, text);
         path->setAccessibleDescription(text);
         destination->setText(tr("Notes are saved to: %1").arg(this->model().saveFolder()));
+        const QString place = this->model().dailyNotePlace();
+        dailyNote->setText(place.isEmpty() ? QString() : tr("Today's note: %1").arg(place));
     });
 }
 

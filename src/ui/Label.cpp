@@ -34,6 +34,7 @@ struct Label::Layout
     double width = 0;
     QFont font;
     bool wraps = false;
+    QList<QTextLayout::FormatRange> spans;
     QTextLayout lines;
     bool isCut = false;
 
@@ -45,7 +46,7 @@ void Label::Layout::breakLines(const QString& text)
 {
     lines.setText(text);
     lines.setFont(font);
-    lines.setFormats(emojiFormats(text, font));
+    lines.setFormats(spans + emojiFormats(text, font));
     QTextOption option;
     option.setWrapMode(wraps ? QTextOption::WrapAtWordBoundaryOrAnywhere : QTextOption::ManualWrap);
     lines.setTextOption(option);
@@ -111,6 +112,69 @@ void Label::setMaximumRows(int rows)
     update();
 }
 
+void Label::setSpans(const QList<LabelSpan>& spans)
+{
+    if (m_spans != spans) {
+        m_spans = spans;
+        m_measures.reset();
+        updateGeometry();
+        update();
+    }
+}
+
+QList<QTextLayout::FormatRange> Label::spanFormats() const
+{
+    QList<QTextLayout::FormatRange> formats;
+    for (const LabelSpan& span : m_spans) {
+        QTextCharFormat format;
+        if (span.isStrong) {
+            format.setFontWeight(QFont::DemiBold);
+        }
+        if (span.isSlanted) {
+            format.setFontItalic(true);
+        }
+        format.setFontStrikeOut(span.isStruck || m_isStruck);
+        format.setFontUnderline(span.isUnderlined);
+        if (span.color != nullptr && isEnabled()) {
+            format.setForeground(ThemeScope::of(*this).*span.color);
+        }
+        formats.append({static_cast<int>(span.start), static_cast<int>(span.length), format});
+    }
+    return formats;
+}
+
+QRect Label::rectOf(qsizetype start, qsizetype length) const
+{
+    const Layout& layout = layOut(contentsRect().width());
+    const QTextLine line = layout.lines.lineForTextPosition(static_cast<int>(start));
+    if (!line.isValid()) {
+        return {};
+    }
+    const auto end = std::min<qsizetype>(start + length, line.textStart() + line.textLength());
+    const double from = line.cursorToX(static_cast<int>(start));
+    const double to = line.cursorToX(static_cast<int>(end));
+    const double row = rowHeight(m_role);
+    return QRectF(leftOf(line) + std::min(from, to), topOf(layout) + line.lineNumber() * row, std::abs(to - from), row)
+        .toAlignedRect();
+}
+
+double Label::topOf(const Layout& layout) const
+{
+    const QRectF area = contentsRect();
+    const bool isCentred = alignment().testFlag(Qt::AlignVCenter);
+    return area.top() + (isCentred ? std::max(0.0, (area.height() - layout.lineCount() * rowHeight(m_role)) / 2) : 0);
+}
+
+double Label::leftOf(const QTextLine& line) const
+{
+    const QRectF area = contentsRect();
+    const Qt::Alignment alignment = QStyle::visualAlignment(layoutDirection(), this->alignment());
+    const double free = area.width() - line.naturalTextWidth();
+    return area.left() + (alignment.testFlag(Qt::AlignHCenter) ? free / 2
+                          : alignment.testFlag(Qt::AlignRight) ? free
+                                                               : 0);
+}
+
 void Label::setStruck(bool isStruck)
 {
     m_isStruck = isStruck;
@@ -147,8 +211,9 @@ const Label::Layout& Label::layOut(double width) const
 {
     const QFont font = roleFont();
     const QString source = shownText(width);
+    const QList<QTextLayout::FormatRange> spans = spanFormats();
     if (m_layout && m_layout->source == source && qFuzzyCompare(m_layout->width, width) && m_layout->font == font &&
-        m_layout->wraps == wordWrap()) {
+        m_layout->wraps == wordWrap() && m_layout->spans == spans) {
         return *m_layout;
     }
     m_layout = std::make_unique<Layout>();
@@ -156,6 +221,7 @@ const Label::Layout& Label::layOut(double width) const
     m_layout->width = width;
     m_layout->font = font;
     m_layout->wraps = wordWrap();
+    m_layout->spans = spans;
 
     const QString text = QString(source).replace(u'\n', QChar::LineSeparator);
     m_layout->breakLines(text);
@@ -208,7 +274,7 @@ int Label::heightForWidth(int width) const
     auto lineCount = whole.lineCounts.constFind(inner);
     if (lineCount == whole.lineCounts.constEnd()) {
         // What is narrower need not be laid out, which takes long where there are emoji.
-        const bool fits = whole.naturalWidth <= inner;
+        const bool fits = whole.naturalWidth <= inner && m_spans.isEmpty();
         const auto count = fits ? static_cast<int>(whole.text.count(u'\n')) + 1 : layOut(inner).lineCount();
         lineCount = whole.lineCounts.insert(inner, std::min(count, m_maximumRows));
     }
@@ -222,11 +288,7 @@ void Label::paintEvent(QPaintEvent* /*event*/)
     const Layout& layout = layOut(isWide ? unlimited : area.width());
     const QFontMetricsF metrics(layout.font);
     const double row = rowHeight(m_role);
-    double top = area.top();
-    const Qt::Alignment alignment = QStyle::visualAlignment(layoutDirection(), this->alignment());
-    if (alignment.testFlag(Qt::AlignVCenter)) {
-        top += std::max(0.0, (area.height() - layout.lineCount() * row) / 2);
-    }
+    double top = topOf(layout);
 
     const Theme& theme = ThemeScope::of(*this);
     QPainter painter(this);
@@ -234,14 +296,8 @@ void Label::paintEvent(QPaintEvent* /*event*/)
     painter.setPen(isEnabled() ? theme.*m_color : theme.off);
     for (int i = 0; i < layout.lines.lineCount(); ++i) {
         const QTextLine line = layout.lines.lineAt(i);
-        double left = area.left();
-        if (alignment.testFlag(Qt::AlignHCenter)) {
-            left += (area.width() - line.naturalTextWidth()) / 2;
-        } else if (alignment.testFlag(Qt::AlignRight)) {
-            left += area.width() - line.naturalTextWidth();
-        }
         const double baseline = top + (row + metrics.ascent() - metrics.descent()) / 2;
-        line.draw(&painter, QPointF(left, baseline - line.ascent()) - line.position());
+        line.draw(&painter, QPointF(leftOf(line), baseline - line.ascent()) - line.position());
         top += row;
     }
 }

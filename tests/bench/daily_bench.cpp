@@ -5,6 +5,7 @@
 // takes time for each page it hands out, and in memory that the program has, as the small one.
 
 #include <daily/DailyNoteParser.h>
+#include <daily/OwnNoteParser.h>
 
 #include <bench/Measure.h>
 #include <malloc.h>
@@ -31,13 +32,13 @@ QByteArray noteOfSize(qsizetype size)
 }
 
 /// The milliseconds per megabyte from the text to the parsed note; letting go of the note is not measured.
-double parseSpeed(qsizetype size, int rounds)
+double parseSpeed(qsizetype size, int rounds, ParsedDailyNote (*parse)(QStringView) = parseDailyNote)
 {
     const QString text = QString::fromUtf8(noteOfSize(size));
     QList<double> parsings;
     for (int i = 0; i < rounds; ++i) {
         ParsedDailyNote note;
-        parsings.append(milliseconds([&] { note = parseDailyNote(text); }));
+        parsings.append(milliseconds([&] { note = parse(text); }));
     }
     return medianOf(parsings) / (double(size) / 1e6);
 }
@@ -52,6 +53,10 @@ int main()
     mallopt(M_TRIM_THRESHOLD, std::numeric_limits<int>::max());
     report("parsing a daily note, a megabyte", withNewPages, "ms", 5);
     report("parsing 100 MB, time per byte against 1 MB", parseSpeed(100'000'000, 5) / small, "times", 1.25);
+    const double own = parseSpeed(1'000'000, 201, parseOwnNote);
+    report("parsing the own layout against the planned one", own / small, "times", 1.5);
+    report("parsing 100 MB of it, time per byte against 1 MB", parseSpeed(100'000'000, 5, parseOwnNote) / own, "times",
+           1.25);
     std::printf("  with what the system takes to hand out new pages: %.2f times\n", withNewPages / small);
     return 0;
 }

@@ -44,6 +44,37 @@ private Q_SLOTS:
                  QByteArray("obsidian://open?vault=My%20Vault&file=Daily/2027/2027-01-01"));
     }
 
+    void ownNote_isFoundReadAndEditedAsItIs()
+    {
+        TestServices s;
+        QVERIFY(s.daily.createInObsidian());
+        QCOMPARE(s.workspace.opened.last().toEncoded(), QByteArray("obsidian://daily?vault=Vault"));
+        const QString path = s.vault + "/J/2026-01-22.md";
+        writeTestFile(s.vault + "/.obsidian/daily-notes.json", R"({"folder":"J"})");
+        writeTestFile(path, "# Todo\r\n* [/] a\r\n");
+        s.loop.advance(2s);
+        s.loop.runQueued();
+        const DailyNote& today = s.daily.todayNote();
+        QVERIFY(today.exists && today.path == path && today.pathInVault == "J/2026-01-22.md");
+        QCOMPARE(today.tasks.value(0).sign, "/");
+        QVERIFY(s.daily.toggleTask(1) && s.daily.addNewTask("b") && s.daily.updateFocus("[[c]]"));
+        s.loop.runQueued();
+        QCOMPARE(today.focus, "c");
+        s.daily.setRunningTask("a");
+        QVERIFY(s.daily.addPomodoroEntry(s.daily.runningTask()) &&
+                s.daily.addPomodoroToTask(today.tasks[0].lineNumber));
+        QCOMPARE(readTestFile(path),
+                 "# Todo\r\n\r\n## Today's Focus\r\n\r\n[[c]]\r\n\r\n* [x] a 🍅\r\n* [ ] b\r\n\r\n## Pomodoro Log\r\n"
+                 "**Today:** 1/8 completed\r\n\r\n| # | Time | Focus |\r\n|---|------|-------|\r\n"
+                 "| 1 | 09:30 | a |\r\n");
+        // The planned note takes its place with the next load, with rules and a task of its own.
+        writeTestFile(s.notePath, "## Tasks\n- [/] no\n- [ ] d\n");
+        s.daily.loadTodayNoteIfMoved();
+        s.loop.runQueued();
+        QCOMPARE(today.tasks.size(), 1);
+        QVERIFY(today.path == s.notePath && s.daily.runningTask().isEmpty());
+    }
+
     void load_isPublishedOneTurnLater()
     {
         TestServices services;

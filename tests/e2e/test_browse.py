@@ -7,11 +7,6 @@ import shutil
 from desktop.case import SetUpCase
 from desktop.waiting import wait_until
 
-HANDLER = """#!/bin/sh
-printf '%s\\n' "$@" >> "$HOME/opened"
-"""
-
-
 class BrowseTest(SetUpCase):
     def setUp(self):
         super().setUp()
@@ -19,7 +14,6 @@ class BrowseTest(SetUpCase):
         self.folder.mkdir()
         (self.folder / "Why? Plan #1, 50% é.md").write_text("# Plan\n\nBecause\n")
         self.programs = self.home.folder / "bin"
-        self.programs.mkdir()
 
     def open_browse_tab(self):
         self.start_with_button(PATH=str(self.programs))
@@ -30,9 +24,7 @@ class BrowseTest(SetUpCase):
         self.program.click(name, "list item", "Flitmark")
 
     def test_opens_a_note_of_any_name(self):
-        handler = self.programs / "xdg-open"
-        handler.write_text(HANDLER)
-        handler.chmod(0o755)
+        self.home.have_obsidian()
         self.open_browse_tab()
         self.open_item("R&D #2")
         note = self.program.find("Why? Plan #1, 50% é.md", "list item", "Flitmark")
@@ -48,6 +40,9 @@ class BrowseTest(SetUpCase):
         self.open_browse_tab()
         self.open_item("R&D #2")
         self.open_item("Why? Plan #1, 50% é.md")
+        self.program.find("No program opens obsidian: links", window="Flitmark")
+        self.program.click("Open the file", "push button", "Flitmark")
+        self.program.wait_until_gone("Open the file", "push button", "Flitmark")
         shutil.rmtree(self.folder)
         self.program.click("Refresh", "push button", "Flitmark")
         self.program.find("Empty folder", "label", "Flitmark")

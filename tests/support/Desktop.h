@@ -41,7 +41,7 @@ struct Desktop : TestServices
     LoginItemManager loginItemManager{loginService};
     FakeUpdater updater;
     AppUpdateController updateController{updater};
-    SettingsModel settingsModel{{config, signalManager, controller, loginItemManager, updateController, notifications}};
+    SettingsModel settingsModel{{config, signalManager, controller, loginItemManager, updateController, notifications, daily}};
     FakeScreens screens;
     FakeWindowManager windowManager;
     FakeDialogs dialogs;

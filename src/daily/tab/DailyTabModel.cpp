@@ -81,7 +81,56 @@ void DailyTabModel::refresh()
 
 void DailyTabModel::openInObsidian()
 {
-    m_services.dailyNoteManager.openInObsidian();
+    if (!m_services.dailyNoteManager.openInObsidian()) {
+        Q_EMIT noProgramFound();
+    }
+}
+
+void DailyTabModel::createInObsidian()
+{
+    if (!m_services.dailyNoteManager.createInObsidian()) {
+        Q_EMIT noProgramFound();
+    }
+}
+
+void DailyTabModel::openFile()
+{
+    m_services.dailyNoteManager.openFile();
+}
+
+void DailyTabModel::openLink(const TextSpan& link)
+{
+    if (!m_services.dailyNoteManager.openLink(link)) {
+        Q_EMIT noProgramFound();
+    }
+}
+
+QString DailyTabModel::noteDescription() const
+{
+    const DailyNote& note = m_services.dailyNoteManager.todayNote();
+    if (m_demoMode == DemoMode::On || !note.exists) {
+        return {};
+    }
+    switch (note.rule) {
+    case DailyNoteRule::FixedPlace:
+        return tr("%1, the fixed place").arg(note.pathInVault);
+    case DailyNoteRule::PeriodicNotes:
+        return tr("%1, by the settings of Periodic Notes").arg(note.pathInVault);
+    case DailyNoteRule::DailyNotes:
+        return tr("%1, by Obsidian's settings of daily notes").arg(note.pathInVault);
+    }
+    return {};
+}
+
+QString DailyTabModel::placesText() const
+{
+    return tr("Looked for:") + u'\n' + m_services.dailyNoteManager.todayNote().places.join(u'\n');
+}
+
+bool DailyTabModel::alwaysShowsTasks() const
+{
+    const DailyNote& note = m_services.dailyNoteManager.todayNote();
+    return note.exists && note.rule != DailyNoteRule::FixedPlace;
 }
 
 QString DailyTabModel::focusText() const

@@ -58,6 +58,18 @@ public:
     /// Loads the note, unless it is not what is shown.
     void refresh();
     void openInObsidian();
+    /// Has Obsidian make today's note.
+    void createInObsidian();
+    /// Opens the note with the desktop's program for its file.
+    void openFile();
+    /// Opens a link of a task's text: a note in Obsidian, an address with the desktop's program for it.
+    void openLink(const TextSpan& link);
+    /// Which file the note is and what says so; empty without a note.
+    QString noteDescription() const;
+    /// Where no note was found, the places that were looked at.
+    QString placesText() const;
+    /// Whether the tasks are shown also while there are none.
+    bool alwaysShowsTasks() const;
 
     /// The focus to show; the text for none where there is none. Texts to be shown are cut where they are very long.
     QString focusText() const;
@@ -120,6 +132,8 @@ public:
     void respondToAlert(AlertResponse response);
 
 Q_SIGNALS:
+    /// No program opens Obsidian's links.
+    void noProgramFound();
     /// Anything that comes from the note changed, `body()` among it.
     void noteChanged();
     void focusEditorChanged();

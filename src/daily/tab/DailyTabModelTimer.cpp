@@ -64,7 +64,11 @@ void DailyTabModel::setActiveTask(std::optional<qint64> lineNumber)
 void DailyTabModel::startPomodoro(qint64 lineNumber)
 {
     setActiveTask(lineNumber);
-    m_activeTaskPath = m_services.dailyNoteManager.todayNote().path;
+    const DailyNote& note = m_services.dailyNoteManager.todayNote();
+    m_activeTaskPath = note.path;
+    const auto task = std::find_if(note.tasks.begin(), note.tasks.end(),
+                                   [lineNumber](const TaskItem& item) { return item.lineNumber == lineNumber; });
+    m_services.dailyNoteManager.setRunningTask(task != note.tasks.end() ? task->text : QString());
     setShowPomodoroTaskPicker(false);
     m_services.checkinController.startPomodoroTimer();
     observeCompletion();
@@ -101,6 +105,7 @@ void DailyTabModel::stopPomodoro()
     m_services.checkinController.stopPomodoroTimer();
     disconnect(m_pomodoroCompletionObserver);
     setActiveTask(std::nullopt);
+    m_services.dailyNoteManager.setRunningTask(QString());
 }
 
 void DailyTabModel::setShowCoachAlert(bool isShown)

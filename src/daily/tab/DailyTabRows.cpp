@@ -4,6 +4,7 @@
 #include <core/Text.h>
 #include <daily/DailyNoteEdits.h>
 #include <daily/DailyNoteManager.h>
+#include <daily/NoteLayout.h>
 #include <daily/NoteLines.h>
 #include <daily/tab/DailyTabRows.h>
 
@@ -28,11 +29,18 @@ QString translated(const char* text)
     return QCoreApplication::translate("DailyTabDemo", text);
 }
 
+/// The spans in the first `size` characters of their text.
+QList<TextSpan> spansWithin(QList<TextSpan> spans, qsizetype size)
+{
+    spans.removeIf([size](const TextSpan& span) { return span.start + span.length > size; });
+    return spans;
+}
+
 /// The tomatoes of each task.
 QList<qint64> tomatoCounts(const DailyNote& note)
 {
     // The lines are found once: to ask the manager about each task would look through the note as often.
-    const QList<QStringView> lines = splitLines(note.content);
+    const QList<QStringView> lines = linesOf(note);
     QList<qint64> counts;
     for (const TaskItem& task : note.tasks) {
         counts.append(DailyNoteEdits::pomodoroCount(lines.value(task.lineNumber)));
@@ -54,6 +62,10 @@ QList<DailyTaskRow> dailyTaskRows(const DailyNoteManager& manager)
             .isCompleted = task.isCompleted,
             .tomatoButtons = std::min(count, maximumTomatoButtons),
             .moreTomatoes = moreThan(maximumTomatoButtons, count),
+            .group = shortened(task.group),
+            .depth = task.depth,
+            .sign = task.sign,
+            .spans = spansWithin(task.spans, shortened(task.text).size()),
         });
     }
     return rows;

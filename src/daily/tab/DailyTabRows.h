@@ -24,6 +24,14 @@ struct DailyTaskRow
     qint64 tomatoButtons = 0;
     /// What stands after them for the rest, as "+3"; empty when there is no rest.
     QString moreTomatoes;
+    /// The heading that the task stands below; empty where none is shown.
+    QString group;
+    /// How many tasks it is below.
+    int depth = 0;
+    /// What the check box shows in the place of a tick; empty for nothing.
+    QString sign;
+    /// Links and emphasis in the text.
+    QList<TextSpan> spans;
 
     bool operator==(const DailyTaskRow&) const = default;
 };

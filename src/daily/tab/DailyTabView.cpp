@@ -14,6 +14,7 @@
 #include <ui/Button.h>
 #include <ui/IconButton.h>
 #include <ui/Label.h>
+#include <ui/NoProgramBar.h>
 #include <ui/ScrollArea.h>
 #include <ui/Spinner.h>
 #include <ui/Surfaces.h>
@@ -60,6 +61,7 @@ DailyTabView::DailyTabView(DailyTabModel& model, QWidget& sheetHost)
     , m_tasks(new TasksSection(model))
     , m_coach(new LinesSection(tr("COACH")))
     , m_work(new LinesSection(tr("WORK DONE")))
+    , m_noProgram(new NoProgramBar)
     , m_picker(new TaskPickerSheet(model, sheetHost))
     , m_check(new FocusCheckSheet(model, sheetHost))
 {
@@ -76,6 +78,7 @@ DailyTabView::DailyTabView(DailyTabModel& model, QWidget& sheetHost)
     layout->addWidget(makeHead());
     layout->addWidget(new Divider);
     layout->addLayout(m_body, 1);
+    layout->insertWidget(2, m_noProgram);
     bind();
 }
 
@@ -155,15 +158,28 @@ QWidget* DailyTabView::makeEmptyPage()
 {
     auto* refresh = new Button(tr("Refresh"), ButtonKind::Filled);
     connect(refresh, &Button::clicked, &m_model, &DailyTabModel::refresh);
+    auto* create = new Button(tr("Create in Obsidian"));
+    create->setSymbol(QStringLiteral("arrow.up.right.square"));
+    connect(create, &Button::clicked, &m_model, &DailyTabModel::createInObsidian);
     Label* text = makeQuietText(tr("No daily note"));
     text->setContentsMargins(0, 0, 0, 4);
-    return makeCentredPage(
-        {new SymbolView(QStringLiteral("calendar.badge.exclamationmark"), 40, &Theme::outline), text, refresh});
+    m_places = makeQuietText(QString());
+    m_places->setRole(TextRole::Caption);
+    m_places->setAlignment(Qt::AlignHCenter);
+    m_places->setWordWrap(true);
+    return makeCentredPage({new SymbolView(QStringLiteral("calendar.badge.exclamationmark"), 40, &Theme::outline), text,
+                            m_places, create, refresh});
 }
 
 void DailyTabView::bind()
 {
     connect(&m_model, &DailyTabModel::noteChanged, this, &DailyTabView::showBody);
+    connect(&m_model, &DailyTabModel::noProgramFound, this, [this] {
+        m_noProgram->setHasFile(m_model.body() == DailyTabModel::Body::Note);
+        m_noProgram->show();
+    });
+    connect(m_noProgram, &NoProgramBar::openFileAsked, &m_model, &DailyTabModel::openFile);
+    connect(m_noProgram, &NoProgramBar::openFileAsked, m_noProgram, &QWidget::hide);
     connect(&m_model, &DailyTabModel::activeTaskLineNumberChanged, this, &DailyTabView::showTimer);
     connect(&m_model, &DailyTabModel::showPomodoroTaskPickerChanged, this, &DailyTabView::showSheets);
     connect(&m_model, &DailyTabModel::showCoachAlertChanged, this, &DailyTabView::showSheets);
@@ -175,6 +191,9 @@ void DailyTabView::bind()
 void DailyTabView::showBody()
 {
     m_date->setText(m_model.headerDate());
+    m_date->setToolTip(m_model.noteDescription());
+    m_date->setAccessibleDescription(m_model.noteDescription());
+    m_places->setText(m_model.placesText());
     if (m_model.body() == DailyTabModel::Body::Loading) {
         return;
     }

@@ -15,6 +15,7 @@ class FocusCheckSheet;
 class IconButton;
 class Label;
 class LinesSection;
+class NoProgramBar;
 class PomodoroControls;
 class TaskPickerSheet;
 class TasksSection;
@@ -61,6 +62,8 @@ private:
     TasksSection* m_tasks;
     LinesSection* m_coach;
     LinesSection* m_work;
+    Label* m_places = nullptr;
+    NoProgramBar* m_noProgram;
     QHBoxLayout* m_footer = nullptr;
     TaskPickerSheet* m_picker;
     FocusCheckSheet* m_check;

@@ -8,6 +8,7 @@
 #include <ui/ControlState.h>
 #include <ui/IconButton.h>
 #include <ui/Label.h>
+#include <ui/LabelLink.h>
 #include <ui/Painting.h>
 #include <ui/ReadingMargins.h>
 #include <ui/Symbols.h>
@@ -24,6 +25,24 @@ namespace {
 
 constexpr int controlSide = 28;
 constexpr int startGap = 8;
+constexpr int indent = 16;
+constexpr int deepestIndent = 5;
+constexpr int signPoints = 9;
+
+LabelSpan shownSpan(const TextSpan& span)
+{
+    using Kind = TextSpan::Kind;
+    const bool isLink = span.kind == Kind::NoteLink || span.kind == Kind::WebLink;
+    return {
+        .start = span.start,
+        .length = span.length,
+        .isStrong = span.kind == Kind::Strong || span.kind == Kind::Highlight,
+        .isSlanted = span.kind == Kind::Emphasis,
+        .isStruck = span.kind == Kind::Struck,
+        .isUnderlined = isLink,
+        .color = isLink || span.kind == Kind::Tag ? &Theme::mark : nullptr,
+    };
+}
 
 } // namespace
 
@@ -36,6 +55,14 @@ public:
     {
         setAccessibleRole(*this, QAccessible::CheckBox);
         setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    }
+
+    /// Shows `sign`, what the note has in the box, in the place of a tick.
+    void setSign(const QString& sign)
+    {
+        m_sign = sign;
+        setAccessibleDescription(sign.isEmpty() ? QString() : TaskRow::tr("Marked with %1").arg(sign));
+        update();
     }
 
     QSize sizeHint() const override { return {controlSide, controlSide}; }
@@ -61,6 +88,7 @@ protected:
         const QColor idle = painting::atLevel(theme.text2, theme.text, theme.text2, m_state.level());
         Symbols::draw(painter, isChecked() ? QStringLiteral("checkmark.circle.fill") : QStringLiteral("circle"),
                       box.adjusted(4, 4, -4, -4), isChecked() ? theme.mark : idle);
+        painting::drawIconText(painter, box, m_sign, signPoints, idle);
         if (m_state.showsFocus()) {
             painting::strokeRounded(painter, box, painting::controlRadius, painting::focusWidth, theme.mark);
         }
@@ -68,6 +96,7 @@ protected:
 
 private:
     ControlState& m_state;
+    QString m_sign;
 };
 
 TaskRow::TaskRow(const DailyTaskRow& task)
@@ -105,12 +134,13 @@ TaskRow::TaskRow(const DailyTaskRow& task)
 
 void TaskRow::setTask(const DailyTaskRow& task)
 {
+    const bool isOtherText = m_text->text() != task.text || m_task.spans != task.spans;
     m_task = task;
-    if (m_text->text() != task.text) {
-        m_text->setText(task.text);
-        m_check->setAccessibleName(task.text);
-        setAccessibleName(task.text);
+    if (isOtherText) {
+        showText();
     }
+    layout()->setContentsMargins(readingMargins(4 + indent * std::min(task.depth, deepestIndent), 4, 8, 4));
+    m_check->setSign(task.sign);
     const QWidget* focused = window()->focusWidget();
     const bool hadKeyboard = focused != nullptr && isAncestorOf(focused);
     m_text->setStruck(task.isCompleted);
@@ -124,6 +154,35 @@ void TaskRow::setTask(const DailyTaskRow& task)
     m_tally->setCount(task.tomatoButtons, task.moreTomatoes);
     m_start->setVisible(!task.isCompleted);
     showAttention();
+}
+
+void TaskRow::showText()
+{
+    m_text->setText(m_task.text);
+    m_check->setAccessibleName(m_task.text);
+    setAccessibleName(m_task.text);
+    const QWidget* focused = window()->focusWidget();
+    QList<LabelSpan> spans;
+    for (LabelLink* link : std::as_const(m_links)) {
+        // Before a link goes away, the keyboard moves on from it.
+        if (link == focused) {
+            m_check->setFocus(Qt::TabFocusReason);
+        }
+        link->hide();
+        link->deleteLater();
+    }
+    m_links.clear();
+    for (const TextSpan& span : std::as_const(m_task.spans)) {
+        spans.append(shownSpan(span));
+    }
+    m_text->setSpans(spans);
+    for (const TextSpan& span : std::as_const(m_task.spans)) {
+        if (span.kind == TextSpan::Kind::NoteLink || span.kind == TextSpan::Kind::WebLink) {
+            auto* link = new LabelLink(*m_text, span.start, span.length);
+            connect(link, &LabelLink::clicked, this, [this, span] { Q_EMIT linkOpened(span); });
+            m_links.append(link);
+        }
+    }
 }
 
 void TaskRow::enterEvent(QEnterEvent* event)

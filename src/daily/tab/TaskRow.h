@@ -12,6 +12,7 @@ namespace flitmark {
 class ControlState;
 class IconButton;
 class Label;
+class LabelLink;
 class TomatoTally;
 
 /// A task of the Daily tab: its check box, its text, its tomatoes and the button that starts a Pomodoro. It shows what
@@ -32,6 +33,7 @@ Q_SIGNALS:
     void toggled(qint64 lineNumber);
     void tomatoRemoved(qint64 lineNumber);
     void pomodoroStarted(qint64 lineNumber);
+    void linkOpened(const TextSpan& link);
 
 protected:
     void enterEvent(QEnterEvent* event) override;
@@ -41,12 +43,14 @@ protected:
 private:
     class CheckMark;
 
+    void showText();
     void showAttention();
 
     DailyTaskRow m_task;
     ControlState& m_state;
     CheckMark* m_check;
     Label* m_text;
+    QList<LabelLink*> m_links;
     TomatoTally* m_tally;
     IconButton* m_start;
     bool m_isHovered = false;

@@ -6,12 +6,27 @@
 #include <daily/tab/SectionCaption.h>
 #include <daily/tab/TaskRow.h>
 #include <daily/tab/TasksSection.h>
+#include <ui/AccessibleRole.h>
 #include <ui/IconButton.h>
+#include <ui/Label.h>
 #include <ui/RowList.h>
 
 #include <QVBoxLayout>
 
 namespace flitmark {
+
+namespace {
+
+Label* makeGroupHeading()
+{
+    auto* heading = new Label(QString(), TextRole::Caption);
+    setAccessibleRole(*heading, QAccessible::Heading);
+    heading->setElideMode(Qt::ElideRight);
+    heading->setContentsMargins(TasksSection::rowReach, 8, TasksSection::rowReach, 4);
+    return heading;
+}
+
+} // namespace
 
 TasksSection::TasksSection(DailyTabModel& model)
     : m_model(model)
@@ -40,14 +55,22 @@ TasksSection::TasksSection(DailyTabModel& model)
 
 QWidget* TasksSection::showTask(qsizetype index, QWidget* row) const
 {
+    const DailyTaskRow& task = m_tasks[m_entries[index].task];
+    if (m_entries[index].isHeading) {
+        auto* heading = qobject_cast<Label*>(row);
+        heading = heading != nullptr ? heading : makeGroupHeading();
+        heading->setText(task.group);
+        return heading;
+    }
     auto* shown = qobject_cast<TaskRow*>(row);
     if (shown == nullptr) {
-        shown = new TaskRow(m_tasks[index]);
+        shown = new TaskRow(task);
         connect(shown, &TaskRow::toggled, &m_model, &DailyTabModel::toggleTask);
         connect(shown, &TaskRow::tomatoRemoved, &m_model, &DailyTabModel::removeTomato);
         connect(shown, &TaskRow::pomodoroStarted, &m_model, &DailyTabModel::startPomodoro);
-    } else if (shown->task() != m_tasks[index]) {
-        shown->setTask(m_tasks[index]);
+        connect(shown, &TaskRow::linkOpened, &m_model, &DailyTabModel::openLink);
+    } else if (shown->task() != task) {
+        shown->setTask(task);
     }
     return shown;
 }
@@ -58,12 +81,22 @@ void TasksSection::showTasks()
         return;
     }
     m_tasks = m_model.tasks();
+    m_entries.clear();
     QStringList texts;
-    for (const DailyTaskRow& task : m_tasks) {
-        texts.append(task.text);
+    QString group;
+    for (qsizetype i = 0; i < m_tasks.size(); ++i) {
+        if (m_tasks[i].group != group) {
+            group = m_tasks[i].group;
+            if (!group.isEmpty()) {
+                m_entries.append({i, true});
+                texts.append(group);
+            }
+        }
+        m_entries.append({i, false});
+        texts.append(m_tasks[i].text);
     }
     m_rows->setRows(texts);
-    setVisible(!m_tasks.isEmpty());
+    setVisible(!m_tasks.isEmpty() || m_model.alwaysShowsTasks());
 }
 
 void TasksSection::showAddRow()

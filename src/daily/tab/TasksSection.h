@@ -14,7 +14,8 @@ class DailyTabModel;
 class IconButton;
 class RowList;
 
-/// The Daily tab's tasks and the row for a new one. Hidden while the note has no tasks.
+/// The Daily tab's tasks below their headings, and the row for a new one. Hidden while the planned layout's note has no
+/// tasks.
 class TasksSection final : public QWidget
 {
     Q_OBJECT
@@ -36,6 +37,13 @@ private:
     DailyTabModel& m_model;
     IconButton* m_add;
     QList<DailyTaskRow> m_tasks;
+    /// What the rows show: a task by its index, or the heading above it.
+    struct Entry
+    {
+        qsizetype task;
+        bool isHeading;
+    };
+    QList<Entry> m_entries;
     RowList* m_rows;
     AddTaskRow* m_addRow;
 };

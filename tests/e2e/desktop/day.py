@@ -18,13 +18,10 @@ class DayCase(SetUpCase):
     def setUp(self):
         super().setUp()
         self.home.write_daily_note(NOTE)
-        handler = self.home.folder / "bin" / "xdg-open"
-        handler.parent.mkdir()
-        handler.write_text('#!/bin/sh\nprintf "%s\\n" "$@" >> "$HOME/opened"\n')
-        handler.chmod(0o755)
+        self.programs = self.home.have_obsidian()
 
     def begin(self, clock=AFTERNOON):
-        self.start_with_button(clock=clock, PATH=str(self.home.folder / "bin"))
+        self.start_with_button(clock=clock, PATH=str(self.programs))
 
     def wait_until_opened(self, note):
         opened = self.home.folder / "opened"

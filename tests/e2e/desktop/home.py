@@ -56,6 +56,26 @@ class Home:
         self.daily_note.parent.mkdir(parents=True, exist_ok=True)
         self.daily_note.write_text(text)
 
+    def write_obsidian_settings(self, name, text):
+        """Leaves this in a settings file of Obsidian's in the vault."""
+        path = self.vault / ".obsidian" / name
+        path.parent.mkdir(parents=True, exist_ok=True)
+        path.write_text(text)
+
+    def have_obsidian(self):
+        """Registers a program for Obsidian's links; gives the folder with the command that opens all links, which writes
+        them into the file `opened`."""
+        applications = self.folder / ".local" / "share" / "applications"
+        applications.mkdir(parents=True)
+        (applications / "obsidian.desktop").write_text("[Desktop Entry]\nType=Application\nName=O\nExec=true %u\n")
+        (applications / "mimeapps.list").write_text(
+            "[Default Applications]\nx-scheme-handler/obsidian=obsidian.desktop\n")
+        handler = self.folder / "bin" / "xdg-open"
+        handler.parent.mkdir()
+        handler.write_text('#!/bin/sh\nprintf "%s\\n" "$@" >> "$HOME/opened"\n')
+        handler.chmod(0o755)
+        return handler.parent
+
     def write_coach_config(self, text):
         """Leaves this text in the coach's configuration."""
         self.signals.mkdir(parents=True, exist_ok=True)
