@@ -30,7 +30,7 @@ class Screen:
         self._environment = environment
         self.width, self.height = size
         self._clipboard = None
-        self._last_click = 0.0
+        self._last_press = 0.0
 
     def run(self, *command):
         """The output of a command line tool on this screen; empty when it fails."""
@@ -73,10 +73,8 @@ class Screen:
     # Pointer and keys
 
     def click(self, x, y, button=1):
-        """Clicks once, never so soon after the click before that both would be a double click."""
-        time.sleep(max(0.0, self._last_click + SINGLE_CLICK_SECONDS - time.monotonic()))
-        self.xdotool("mousemove", x, y, "click", button)
-        self._last_click = time.monotonic()
+        """Clicks once."""
+        self._press_after_pause("mousemove", x, y, "click", button)
 
     def drag(self, start, end):
         """Presses at `start`, moves to `end` in steps as small as a hand's, as far as the screen goes, and releases."""
@@ -85,7 +83,13 @@ class Screen:
         for step in range(1, steps + 1):
             x, y = (max(0, round(a + (b - a) * step / steps)) for a, b in zip(start, end))
             command += ["mousemove", x, y, "sleep", 0.3 * PATIENCE if step == TAKE_OVER_STEPS else 0.005]
-        self.xdotool(*command, "mouseup", 1)
+        self._press_after_pause(*command, "mouseup", 1)
+
+    def _press_after_pause(self, *command):
+        """Never so soon after the press before that both would be a double click."""
+        time.sleep(max(0.0, self._last_press + SINGLE_CLICK_SECONDS - time.monotonic()))
+        self.xdotool(*command)
+        self._last_press = time.monotonic()
 
     def type(self, text, delay_ms=5):
         """Types `text`; plain characters only, everything else is for `paste`."""
