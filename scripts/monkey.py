@@ -59,6 +59,7 @@ class Monkey(DayCase):
         chance = random.Random(self.seed)
         self.COMPOSITOR = chance.random() < 0.5
         super().setUp()
+        self.screen.repeat_keys()
         self.artifacts = case.ARTIFACTS / f"evidence-{self.seed}"
         shutil.rmtree(self.artifacts, ignore_errors=True)
         case.ARTIFACTS.mkdir(parents=True, exist_ok=True)

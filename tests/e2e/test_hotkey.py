@@ -80,6 +80,7 @@ class HotkeyTest(SetUpCase):
         self.assertFalse(self.panel_is_open())
 
     def test_held_key_counts_once(self):
+        self.screen.repeat_keys()
         self.start_with_hotkey()
         self.screen.xdotool("keydown", "alt", "keydown", "n")
         self.wait_for_focus("Note")
@@ -118,6 +119,7 @@ class HotkeyTest(SetUpCase):
         """A key that another program holds reaches both, alone and with further keys that it does not hold."""
         grabber = KeyGrabber(self.desktop)
         self.addCleanup(grabber.stop)
+        self.screen.repeat_keys()
         self.start_with_hotkey()
         seen = grabber.presses()
         self.assert_toggles()

@@ -74,6 +74,7 @@ class SetupTest(DesktopCase):
 
     def test_is_finished_once_however_it_is_pressed(self):
         question = "Start Flitmark automatically?"
+        self.screen.repeat_keys()
         self.home.make_vault()
         for act in (["click", "--repeat", 2, "--delay", 60, 1], ["click", "--repeat", 2, "--delay", 240, 1],
                     ["key", "--delay", 120, "Return", "Return"], ["keydown", "Return", "sleep", 2, "keyup", "Return"]):

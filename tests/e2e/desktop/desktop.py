@@ -94,7 +94,7 @@ class Desktop:
         width, height = self._size
         child = self._start(
             "Xvfb", "-displayfd", "1", "-screen", "0", f"{width}x{height}x24", "-dpi", "96",
-            "-nolisten", "tcp", "-noreset", stdout=subprocess.PIPE, text=True)
+            "-nolisten", "tcp", "-noreset", "-r", stdout=subprocess.PIPE, text=True)
         self._server = child
         return ":" + _first_line(child, "Xvfb")
 

@@ -7,6 +7,8 @@ import re
 import subprocess
 import time
 
+from Xlib import X, display
+
 from . import processes
 from .accessibility import Gone, Rectangle
 from .waiting import DEADLINE_SECONDS, PATIENCE, wait_until
@@ -106,6 +108,13 @@ class Screen:
     def key_until(self, key, condition, what):
         """Presses a key until `condition()` holds: a window that came by itself is deaf to the first ones."""
         wait_until(lambda: condition() or (self.key(key), condition())[1], what)
+
+    def repeat_keys(self):
+        """Lets a held key repeat, as on any other desktop. Here, where typing may take long, it would double letters."""
+        server = display.Display(self._environment["DISPLAY"])
+        server.change_keyboard_control(auto_repeat_mode=X.AutoRepeatModeOn)
+        server.sync()
+        server.close()
 
     def copy(self, text):
         """Puts `text` on the clipboard and keeps it there until the next text."""
